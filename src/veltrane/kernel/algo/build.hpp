@@ -14,10 +14,10 @@ Shape make_vertex(const Point& point);
 
 /// An edge over the whole range of the curve. An unbounded end has no vertex; an edge whose ends meet within
 /// kConfusion is closed and has one vertex. Throws KernelError for a null curve.
-Shape make_edge(const Ref<const Curve>& curve);
+Shape make_edge(const Ref<Curve>& curve);
 /// An edge over a part of the curve. On a periodic curve the range may lie anywhere and is at most a period
 /// long. Throws KernelError for a range that is empty, not a number, outside the curve, or of zero length.
-Shape make_edge(const Ref<const Curve>& curve, const Interval& range);
+Shape make_edge(const Ref<Curve>& curve, const Interval& range);
 /// A straight edge. Throws KernelError when the points are closer than kConfusion or not finite.
 Shape make_edge(const Point& start, const Point& end);
 

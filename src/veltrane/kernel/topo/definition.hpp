@@ -29,15 +29,16 @@ private:
 };
 
 /// A piece of a curve between two vertices, which stand in the edge's own co-ordinates. A vertex is null
-/// where the curve is unbounded; start and end are one vertex when the edge is closed.
+/// where the curve is unbounded; start and end are one vertex when the edge is closed. The builders never put
+/// a trimmed curve here: the range says it all.
 class EdgeDefinition : public Typed<EdgeDefinition, Definition> {
 public:
     static constexpr const char* kTypeName = "EdgeDefinition";
     /// Throws KernelError for a null curve or a range that is empty or not a number.
-    EdgeDefinition(Ref<const Curve> curve, Interval range, Ref<const VertexDefinition> start,
+    EdgeDefinition(Ref<Curve> curve, Interval range, Ref<const VertexDefinition> start,
                    Ref<const VertexDefinition> end);
 
-    const Ref<const Curve>& curve() const { return curve_; }
+    const Ref<Curve>& curve() const { return curve_; }
     /// Curve parameters, first < last.
     const Interval& range() const { return range_; }
     const Ref<const VertexDefinition>& start() const { return start_; }
@@ -45,20 +46,27 @@ public:
     bool is_closed() const { return start_ && start_ == end_; }
 
 private:
-    Ref<const Curve> curve_;
+    Ref<Curve> curve_;
     Interval range_;
     Ref<const VertexDefinition> start_;
     Ref<const VertexDefinition> end_;
+};
+
+/// A piece of an edge's curve in the parameter plane of a surface.
+struct ParameterCurve {
+    Ref<Curve2> curve;
+    ParameterMap from_edge = {};  ///< takes the edge's parameter to that of `curve`
+
+    Point2 value(double edge_parameter) const { return curve->value(from_edge(edge_parameter)); }
 };
 
 /// A closed boundary of a face. It runs so that the face lies to its left when seen against the surface's
 /// normal, once the orientations of the wire and of its edges are taken together.
 struct Loop {
     Shape wire;  ///< in the co-ordinates of the face's definition
-    /// For every edge of the wire's definition, in that order: the same piece of curve in the parameter plane
-    /// of the surface, by the edge's own parameter. It belongs to this use of the edge; a seam has two uses
-    /// with two curves.
-    std::vector<Ref<const Curve2>> parameter_curves;
+    /// For every edge of the wire's definition, in that order. A parameter curve belongs to this use of the
+    /// edge, not to the edge: a seam has two uses with two curves.
+    std::vector<ParameterCurve> parameter_curves;
 };
 
 /// A surface within loops. A face of a closed surface may have any number of loops, also none; the loops may
@@ -68,13 +76,13 @@ public:
     static constexpr const char* kTypeName = "FaceDefinition";
     /// Throws KernelError for a null surface, a loop that is no wire, a missing parameter curve, or a count
     /// of them that is not that of the wire's edges.
-    FaceDefinition(Ref<const Surface> surface, std::vector<Loop> loops);
+    FaceDefinition(Ref<Surface> surface, std::vector<Loop> loops);
 
-    const Ref<const Surface>& surface() const { return surface_; }
+    const Ref<Surface>& surface() const { return surface_; }
     const std::vector<Loop>& loops() const { return loops_; }
 
 private:
-    Ref<const Surface> surface_;
+    Ref<Surface> surface_;
     std::vector<Loop> loops_;
 };
 

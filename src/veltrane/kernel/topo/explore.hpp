@@ -39,7 +39,7 @@ Point vertex_point(const Shape& vertex);
 
 /// A piece of curve in world place. The orientation of the edge plays no part: the piece runs with the curve.
 struct EdgeGeometry {
-    Ref<const Curve> curve;
+    Ref<Curve> curve;
     Interval range;
 };
 EdgeGeometry edge_geometry(const Shape& edge);
@@ -50,7 +50,7 @@ Shape last_vertex(const Shape& edge);
 
 /// The surface of a face in world place. The face's normal is the surface's, or against it when the face is
 /// reversed.
-Ref<const Surface> face_surface(const Shape& face);
+Ref<Surface> face_surface(const Shape& face);
 
 /// The edges of a wire, placed, in the order in which the oriented wire runs through them.
 std::vector<Shape> edges_in_order(const Shape& wire);
