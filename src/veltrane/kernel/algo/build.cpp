@@ -3,7 +3,6 @@
 #include "veltrane/kernel/algo/edge_tools.hpp"
 #include "veltrane/kernel/geom/curve_measure.hpp"
 #include "veltrane/kernel/geom/line.hpp"
-#include "veltrane/kernel/geom/trimmed_curve.hpp"
 #include "veltrane/kernel/math/error.hpp"
 #include "veltrane/kernel/topo/definition.hpp"
 
@@ -84,7 +83,7 @@ Shape make_edge(const Ref<Curve>& curve, const Interval& range) {
         if (length(*curve, used) <= kConfusion) throw KernelError("The edge has no length");
         end = start;
     }
-    return Shape(make<EdgeDefinition>(untrimmed(curve), used, start, end));
+    return Shape(make<EdgeDefinition>(curve, used, start, end));
 }
 
 Shape make_edge(const Point& start, const Point& end) {

@@ -2,6 +2,7 @@
 // are released.
 #include "veltrane/kernel/topo/definition.hpp"
 
+#include "veltrane/kernel/geom/trimmed_curve.hpp"
 #include "veltrane/kernel/math/error.hpp"
 
 #include <string>
@@ -32,6 +33,11 @@ bool is_list(ShapeKind kind) {
     return kind == ShapeKind::Wire || kind >= ShapeKind::Shell;
 }
 
+Ref<Curve> basis_of(const Ref<Curve>& curve) {
+    if (!curve) throw KernelError("An edge needs a curve");
+    return untrimmed(curve);
+}
+
 /// Releases shapes that would release others in their turn, one after the
 /// other: a destructor that finds another one at work leaves its children to
 /// it. Compounds nested a hundred thousand deep would else use up the stack.
@@ -59,14 +65,13 @@ const D& definition_of(const Shape& shape, bool fits, const char* expected) {
 
 }  // namespace
 
-EdgeDefinition::EdgeDefinition(Ref<Curve> curve, Interval range, Ref<const VertexDefinition> start,
+EdgeDefinition::EdgeDefinition(const Ref<Curve>& curve, Interval range, Ref<const VertexDefinition> start,
                                Ref<const VertexDefinition> end)
     : Typed(ShapeKind::Edge),
-      curve_(std::move(curve)),
+      curve_(basis_of(curve)),
       range_(range),
       start_(std::move(start)),
       end_(std::move(end)) {
-    if (!curve_) throw KernelError("An edge needs a curve");
     if (!(range_.first < range_.last)) throw KernelError("The range of an edge is empty");
 }
 

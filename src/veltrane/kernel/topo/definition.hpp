@@ -1,4 +1,5 @@
-// What shapes are made of: a vertex has a point, an edge a curve, a face a surface, and the rest are lists.
+// What shapes are made of: a vertex has a point, an edge a curve, a face a
+// surface, and the rest are lists.
 #pragma once
 
 #include "veltrane/kernel/geom/curve.hpp"
@@ -28,14 +29,16 @@ private:
     Point point_;
 };
 
-/// A piece of a curve between two vertices, which stand in the edge's own co-ordinates. A vertex is null
-/// where the curve is unbounded; start and end are one vertex when the edge is closed. The builders never put
-/// a trimmed curve here: the range says it all.
+/// A piece of a curve between two vertices, which stand in the edge's own
+/// co-ordinates. A vertex is null where the curve is unbounded; start and end
+/// are one vertex when the edge is closed. A trimmed curve is taken without its
+/// trimming: the range says it all.
 class EdgeDefinition : public Typed<EdgeDefinition, Definition> {
 public:
     static constexpr const char* kTypeName = "EdgeDefinition";
-    /// Throws KernelError for a null curve or a range that is empty or not a number.
-    EdgeDefinition(Ref<Curve> curve, Interval range, Ref<const VertexDefinition> start,
+    /// Throws KernelError for a null curve or a range that is empty or not a
+    /// number.
+    EdgeDefinition(const Ref<Curve>& curve, Interval range, Ref<const VertexDefinition> start,
                    Ref<const VertexDefinition> end);
 
     const Ref<Curve>& curve() const { return curve_; }
@@ -60,22 +63,24 @@ struct ParameterCurve {
     Point2 value(double edge_parameter) const { return curve->value(from_edge(edge_parameter)); }
 };
 
-/// A closed boundary of a face. It runs so that the face lies to its left when seen against the surface's
-/// normal, once the orientations of the wire and of its edges are taken together.
+/// A closed boundary of a face. It runs so that the face lies to its left when
+/// seen against the surface's normal, once the orientations of the wire and of
+/// its edges are taken together.
 struct Loop {
     Shape wire;  ///< in the co-ordinates of the face's definition
-    /// For every edge of the wire's definition, in that order. A parameter curve belongs to this use of the
-    /// edge, not to the edge: a seam has two uses with two curves.
+    /// For every edge of the wire's definition, in that order. A parameter curve
+    /// belongs to this use of the edge, not to the edge: a seam has two uses with
+    /// two curves.
     std::vector<ParameterCurve> parameter_curves;
 };
 
-/// A surface within loops. A face of a closed surface may have any number of loops, also none; the loops may
-/// come in any order.
+/// A surface within loops. A face of a closed surface may have any number of
+/// loops, also none; the loops may come in any order.
 class FaceDefinition : public Typed<FaceDefinition, Definition> {
 public:
     static constexpr const char* kTypeName = "FaceDefinition";
-    /// Throws KernelError for a null surface, a loop that is no wire, a missing parameter curve, or a count
-    /// of them that is not that of the wire's edges.
+    /// Throws KernelError for a null surface, a loop that is no wire, a missing
+    /// parameter curve, or a count of them that is not that of the wire's edges.
     FaceDefinition(Ref<Surface> surface, std::vector<Loop> loops);
 
     const Ref<Surface>& surface() const { return surface_; }
@@ -86,12 +91,13 @@ private:
     std::vector<Loop> loops_;
 };
 
-/// An ordered list of sub-shapes: a wire of edges, a shell of faces, a solid of shells, a compound solid of
-/// solids, a compound of anything.
+/// An ordered list of sub-shapes: a wire of edges, a shell of faces, a solid of
+/// shells, a compound solid of solids, a compound of anything.
 class GroupDefinition : public Typed<GroupDefinition, Definition> {
 public:
     static constexpr const char* kTypeName = "GroupDefinition";
-    /// Throws KernelError for a kind that is no list, and for a null child or one of the wrong kind.
+    /// Throws KernelError for a kind that is no list, and for a null child or one
+    /// of the wrong kind.
     GroupDefinition(ShapeKind kind, std::vector<Shape> children);
     /// Releases nested compounds of any depth without recursion.
     ~GroupDefinition() override;
@@ -102,7 +108,8 @@ private:
     std::vector<Shape> children_;
 };
 
-/// The definition under a shape; a null shape or another kind throws KernelError.
+/// The definition under a shape; a null shape or another kind throws
+/// KernelError.
 const VertexDefinition& vertex_definition(const Shape& shape);
 const EdgeDefinition& edge_definition(const Shape& shape);
 const FaceDefinition& face_definition(const Shape& shape);

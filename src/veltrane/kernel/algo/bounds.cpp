@@ -1,0 +1,204 @@
+// Boxes of shapes. Curves are boxed where they stand; a compound that is used
+// again under the same rotation has its box moved instead.
+#include "veltrane/kernel/algo/bounds.hpp"
+
+#include "veltrane/kernel/geom/circle.hpp"
+#include "veltrane/kernel/geom/curve_measure.hpp"
+#include "veltrane/kernel/geom/cylinder.hpp"
+#include "veltrane/kernel/geom/linear_extrusion.hpp"
+#include "veltrane/kernel/geom/plane.hpp"
+#include "veltrane/kernel/topo/explore.hpp"
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <unordered_map>
+#include <utility>
+
+namespace veltrane::kernel {
+namespace {
+
+/// Beyond so many nested compounds boxes of used-up ones are turned, corners
+/// and all, instead of their content: compounds that hold turned copies of
+/// compounds that hold turned copies would never come to an end.
+constexpr std::size_t kMostTightCompounds = std::size_t{1} << 21;
+
+/// Opens the box towards both ends of a direction.
+void open_along(Box& box, const Vector& direction) {
+    constexpr double kFar = std::numeric_limits<double>::infinity();
+    Point low = box.min();
+    Point high = box.max();
+    for (int axis = 0; axis < 3; ++axis) {
+        if (std::abs(direction[axis]) <= kAngular) continue;
+        low[axis] = -kFar;
+        high[axis] = kFar;
+    }
+    box.add(low);
+    box.add(high);
+}
+
+/// The whole of a surface that no loop bounds.
+Box whole_surface_box(const Surface& surface) {
+    Box box;
+    if (const auto* plane = as<const Plane>(&surface)) {
+        box.add(plane->frame().origin);
+        open_along(box, plane->frame().x);
+        open_along(box, plane->frame().y);
+    } else if (const auto* cylinder = as<const Cylinder>(&surface)) {
+        box = bounding_box(Circle(cylinder->frame(), cylinder->radius()));
+        open_along(box, cylinder->frame().z);
+    } else if (const auto* extrusion = as<const LinearExtrusion>(&surface)) {
+        box = bounding_box(*extrusion->basis());
+        open_along(box, extrusion->direction());
+    }
+    return box;
+}
+
+Box edge_box(const Shape& edge) {
+    const EdgeGeometry geometry = edge_geometry(edge);
+    return bounding_box(*geometry.curve, geometry.range);
+}
+
+void add_edges(Box& box, const Shape& shape) {
+    visit(shape, ShapeKind::Edge, [&](const Shape& edge) {
+        box.add(edge_box(edge));
+        return true;
+    });
+}
+
+/// On a surface with straight rulings every point inside the loops lies between
+/// two points of the loops on its ruling, so that the loops reach as far as the
+/// face does.
+void add_faces(Box& box, const Shape& shape) {
+    visit(shape, ShapeKind::Face, [&](const Shape& face) {
+        if (face_definition(face).loops().empty()) {
+            box.add(whole_surface_box(*face_surface(face)));
+        } else {
+            add_edges(box, face);
+        }
+        return true;
+    });
+}
+
+/// The box of anything but a compound.
+Box simple_box(const Shape& shape) {
+    Box box;
+    switch (shape.kind()) {
+        case ShapeKind::Vertex:
+            box.add(vertex_point(shape));
+            break;
+        case ShapeKind::Edge:
+        case ShapeKind::Wire:
+            add_edges(box, shape);
+            break;
+        default:
+            add_faces(box, shape);
+    }
+    return box;
+}
+
+Box moved_box(const Box& box, const Vector& offset) {
+    return box.is_empty() ? box : Box(box.min() + offset, box.max() + offset);
+}
+
+struct TurnedKey {
+    const Definition* definition;
+    Matrix3 rotation;
+    bool operator==(const TurnedKey&) const = default;
+};
+struct TurnedKeyHash {
+    std::size_t operator()(const TurnedKey& key) const noexcept {
+        std::size_t hash = std::hash<const void*>()(key.definition);
+        for (int i = 0; i < 9; ++i) {
+            hash = hash * 0x9e3779b97f4a7c15u + std::hash<double>()(key.rotation.data()[i] + 0.0);
+        }
+        return hash;
+    }
+};
+
+/// Boxes of nested compounds without recursion. Each compound is boxed as it is
+/// turned in the world, but about its own origin; its parent then moves the
+/// box.
+class CompoundBoxes {
+public:
+    Box box_of(const Shape& root) {
+        push(root, nullptr);
+        while (true) {
+            Frame& top = stack_.back();
+            if (top.next < top.compound->children().size()) {
+                take(top.compound->children()[top.next++]);
+                continue;
+            }
+            const Frame done = std::move(top);
+            stack_.pop_back();
+            if (done.compound->use_count() > 1) known_.emplace(key(*done.compound, done.turn), done.box);
+            const Box box = brought_out(done.box, done.outwards);
+            if (stack_.empty()) return box;
+            stack_.back().box.add(box);
+        }
+    }
+
+private:
+    struct Frame {
+        const GroupDefinition* compound;
+        std::size_t next;
+        Ref<const Placement> turn;      // rotation in the world
+        Ref<const Placement> outwards;  // takes the box to the parent: an offset, as a rule
+        Box box;
+    };
+
+    static TurnedKey key(const Definition& definition, const Ref<const Placement>& turn) {
+        return {&definition, turn ? turn->transform().rotation_part() : Matrix3(Matrix3::Identity())};
+    }
+
+    static Box brought_out(const Box& box, const Ref<const Placement>& outwards) {
+        if (!outwards) return box;
+        const Transform& motion = outwards->transform();
+        if (motion.rotation_part() == Matrix3::Identity()) return moved_box(box, motion.translation_part());
+        return box.transformed(motion);
+    }
+
+    void take(const Shape& member) {
+        Frame& top = stack_.back();
+        if (!member.is(ShapeKind::Compound)) {
+            top.box.add(simple_box(member.placed(composed(top.turn, member.placement()))));
+        } else {
+            push(member, top.turn);
+        }
+    }
+
+    /// Begins with a compound, or adds its box at once when it is known.
+    void push(const Shape& compound, const Ref<const Placement>& turn) {
+        const GroupDefinition& definition = group_definition(compound);
+        Ref<const Placement> outwards = composed(turn, compound.placement());
+        Ref<const Placement> inner;
+        const bool loosely = ++visited_ > kMostTightCompounds && definition.use_count() > 1;
+        if (outwards && !loosely) {
+            const Transform motion = outwards->transform();
+            const Transform offset = Transform::translation(motion.translation_part());
+            if (motion.rotation_part() != Matrix3::Identity()) {
+                inner = make<Placement>(offset.inverse() * motion);
+            }
+            outwards = make<Placement>(offset);
+        }
+        const auto found = known_.find(key(definition, inner));
+        if (found == known_.end()) {
+            stack_.push_back({&definition, 0, std::move(inner), std::move(outwards), Box()});
+        } else {
+            stack_.back().box.add(brought_out(found->second, outwards));
+        }
+    }
+
+    std::vector<Frame> stack_;
+    std::unordered_map<TurnedKey, Box, TurnedKeyHash> known_;
+    std::size_t visited_ = 0;
+};
+
+}  // namespace
+
+Box bounding_box(const Shape& shape) {
+    if (shape.is_null()) return {};
+    return shape.is(ShapeKind::Compound) ? CompoundBoxes().box_of(shape) : simple_box(shape);
+}
+
+}  // namespace veltrane::kernel
