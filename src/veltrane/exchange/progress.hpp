@@ -1,8 +1,6 @@
 // How far a transfer has come, for an application that wants to show it or to stop it.
 #pragma once
 
-#include "veltrane/exchange/message.hpp"
-
 #include <algorithm>
 #include <string_view>
 
@@ -52,8 +50,8 @@ private:
 /// Divides a stretch into steps of equal length under a name.
 class ProgressScope {
 public:
-    /// `steps` above 0.
-    ProgressScope(const Progress& stretch, FixedText name, double steps)
+    /// `steps` above 0; the characters of `name` outlive the scope.
+    ProgressScope(const Progress& stretch, std::string_view name, double steps)
         : stretch_(stretch), name_(name), steps_(steps) {}
     ProgressScope(const ProgressScope&) = delete;
     ProgressScope& operator=(const ProgressScope&) = delete;
@@ -73,10 +71,10 @@ public:
     bool UserBreak() const { return stretch_.UserBreak(); }
 
 private:
-    void show(double part) const { stretch_.listener_->advance(stretch_.from_ + part, name_.characters()); }
+    void show(double part) const { stretch_.listener_->advance(stretch_.from_ + part, name_); }
 
     Progress stretch_;
-    FixedText name_;
+    std::string_view name_;
     double steps_;
     double taken_ = 0;
 };

@@ -14,7 +14,6 @@ void ReadProcess::SetModel(Ref<ExchangeModel> model) {
 
 void ReadProcess::Clear() {
     results_.clear();
-    other_results_.clear();
     reports_.clear();
     report_index_.clear();
 }
@@ -24,22 +23,11 @@ void ReadProcess::SetMessenger(Ref<MessageChannel> messenger) {
 }
 
 void ReadProcess::Bind(const Ref<Transient>& record, Ref<TransferBinder> binder) {
-    if (!record) return;
-    const auto number = static_cast<std::size_t>(number_of(record.get()));
-    if (number == 0) {
-        other_results_[record.get()] = {record, std::move(binder)};
-        return;
-    }
-    if (number > results_.size()) results_.resize(number);
-    results_[number - 1] = std::move(binder);
+    if (record) results_.set(model_.get(), record, std::move(binder));
 }
 
 Ref<TransferBinder> ReadProcess::Find(const Transient* record) const {
-    const auto number = static_cast<std::size_t>(number_of(record));
-    if (number > 0 && number <= results_.size() && results_[number - 1]) return results_[number - 1];
-    if (other_results_.empty()) return nullptr;
-    const auto found = other_results_.find(record);
-    return found == other_results_.end() ? nullptr : found->second.binder;
+    return results_.get(model_.get(), record);
 }
 
 void ReadProcess::AddFail(const Ref<Transient>& record, Message message) {

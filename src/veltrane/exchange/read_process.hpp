@@ -3,7 +3,7 @@
 
 #include "veltrane/exchange/binder.hpp"
 #include "veltrane/exchange/message_channel.hpp"
-#include "veltrane/exchange/model.hpp"
+#include "veltrane/exchange/record_map.hpp"
 
 #include <cstddef>
 #include <unordered_map>
@@ -17,8 +17,7 @@ struct RecordReport {
     Check Messages;
 };
 
-/// Results of records that the model lists are kept by record number, so that a million of them are as cheap
-/// as a list; other objects are found through a map. A process serves one model, used by one thread.
+/// A process serves one model and is used by one thread. Results may be bound to objects outside the model.
 class ReadProcess : public Typed<ReadProcess, Transient> {
 public:
     static constexpr const char* kTypeName = "ReadProcess";
@@ -39,9 +38,7 @@ public:
     Ref<TransferBinder> Find(const Transient* record) const;
 
     void AddFail(const Ref<Transient>& record, Message message);
-    void AddFail(const Ref<Transient>& record, FixedText text) { AddFail(record, Message(text)); }
     void AddWarning(const Ref<Transient>& record, Message message);
-    void AddWarning(const Ref<Transient>& record, FixedText text) { AddWarning(record, Message(text)); }
     /// Null when nothing was reported on the record.
     const Check* CheckOf(const Transient* record) const;
     /// Everything reported, in the order of the first message of each record.
@@ -53,17 +50,9 @@ public:
 
 private:
     Check& change_check(const Ref<Transient>& record);
-    /// 0 without a model.
-    int number_of(const Transient* record) const { return model_ ? model_->Number(record) : 0; }
-
-    struct Other {
-        Ref<Transient> object;  // keeps the key alive
-        Ref<TransferBinder> binder;
-    };
 
     Ref<ExchangeModel> model_;
-    std::vector<Ref<TransferBinder>> results_;                   // by record number - 1
-    std::unordered_map<const Transient*, Other> other_results_;  // of objects outside the model
+    RecordMap<Ref<TransferBinder>> results_;
     std::vector<RecordReport> reports_;
     std::unordered_map<const Transient*, std::size_t> report_index_;
     Ref<MessageChannel> messenger_ = default_message_channel();

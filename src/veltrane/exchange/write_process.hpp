@@ -42,9 +42,7 @@ public:
     Ref<TransferBinder> Find(const kernel::Shape& shape) const;
 
     void AddFail(const ShapeKey& key, Message message);
-    void AddFail(const ShapeKey& key, FixedText text) { AddFail(key, Message(text)); }
     void AddWarning(const ShapeKey& key, Message message);
-    void AddWarning(const ShapeKey& key, FixedText text) { AddWarning(key, Message(text)); }
     /// Everything that was asked for or reported, in order of first mention.
     const std::vector<ShapeReport>& Reports() const { return reports_; }
 
