@@ -8,23 +8,16 @@
 
 namespace veltrane {
 
-/// A text of static lifetime: only string literals convert to it.
-class FixedText {
-public:
-    template <std::size_t Size>
-    consteval FixedText(const char (&literal)[Size]) : characters_(literal) {}
-    const char* characters() const { return characters_; }
-
-private:
-    const char* characters_;
-};
-
 /// A drawing may earn one message per group, so a message stays small: the fixed text by its address
 /// and at most two numbers for its "%d" placeholders. Texts made at run time are kept as they are.
 class Message {
 public:
-    Message(FixedText format, int first = 0, int second = 0)
-        : format_(format.characters()), numbers_{first, second} {}
+    /// `format` is a string literal: it is kept by its address.
+    template <std::size_t Size>
+    Message(const char (&format)[Size], int first = 0, int second = 0)
+        : format_(format), numbers_{first, second} {}
+    template <std::size_t Size>
+    Message(char (&buffer)[Size], int first = 0, int second = 0) = delete;
     explicit Message(Text own) : own_(std::move(own)) {}
     static Message own(std::string_view text) { return Message(Text(text)); }
 
