@@ -1,0 +1,24 @@
+// What a file is, told from its first bytes.
+#pragma once
+
+#include <string>
+
+namespace veltrane {
+
+enum class FileContent {
+    Unreadable,  ///< cannot be opened or read
+    Empty,
+    BinaryDxf,
+    Text,  ///< anything else: whether it is a drawing shows when it is read
+};
+
+struct FileProbe {
+    FileContent content = FileContent::Unreadable;
+    char delimiter = '\n';  ///< the character that ends a line
+    std::string problem;    ///< why the file cannot be read as a drawing; empty for Text
+};
+
+/// `name` is taken as UTF-8.
+FileProbe probe_file(const std::string& name);
+
+}  // namespace veltrane

@@ -1,0 +1,244 @@
+#include "veltrane/file/file_reader.hpp"
+
+#include "veltrane/exchange/model.hpp"
+#include "veltrane/file/number_text.hpp"
+#include "veltrane/file/object_registrator.hpp"
+#include "veltrane/file/structure.hpp"
+#include "veltrane/section/handle_text.hpp"
+
+#include <algorithm>
+#include <cstring>
+#include <istream>
+
+namespace veltrane {
+
+namespace {
+
+constexpr std::size_t kBlockSize = 256 * 1024;
+constexpr std::size_t kLongestLine = 2039;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// Groups whose values are reals or points: they seldom repeat, so their texts are not looked up.
+bool holds_real(std::int32_t code) {
+    return (code >= 10 && code <= 59) || (code >= 110 && code <= 149) || (code >= 210 && code <= 239) ||
+           (code >= 1010 && code <= 1059);
+}
+
+/// The code line's integer. Codes are short and plain, so these need no general conversion.
+std::optional<std::int32_t> code_of(std::string_view line) {
+    const char* at = line.data();
+    const char* const end = at + line.size();
+    while (at != end && *at == ' ') ++at;
+    std::int32_t code = 0;
+    const char* const first = at;
+    while (at != end && *at >= '0' && *at <= '9' && at - first < 6) code = code * 10 + (*at++ - '0');
+    if (at != first && (at == end || (*at == '\r' && at + 1 == end))) return code;
+    return integer_of(line);
+}
+
+}  // namespace
+
+/// Counts the records that are open around the reader.
+class NestingLevel {
+public:
+    explicit NestingLevel(DxfFile_FileReader& reader) : reader_(reader) { ++reader_.nesting_; }
+    ~NestingLevel() { --reader_.nesting_; }
+    NestingLevel(const NestingLevel&) = delete;
+    NestingLevel& operator=(const NestingLevel&) = delete;
+
+private:
+    DxfFile_FileReader& reader_;
+};
+
+DxfFile_FileReader::DxfFile_FileReader(const Ref<ExchangeModel>& model)
+    : model_(model), buffer_(new char[kBlockSize]) {
+    at_ = end_ = buffer_.get();
+}
+
+DxfFile_FileReader::~DxfFile_FileReader() = default;
+
+Text DxfFile_FileReader::Value() {
+    return holds_real(code_) ? texts_.unique(value_) : texts_.shared(value_);
+}
+
+// Lines
+
+/// Keeps what is left of the buffer and fills up the rest. False when nothing more came.
+bool DxfFile_FileReader::refill(std::istream& stream) {
+    if (source_empty_) return false;
+    const bool at_start = line_number_ <= 1 && end_ == buffer_.get();
+    kept_value_.assign(value_);  // the current value outlives its place in the buffer
+    value_ = kept_value_;
+    const auto left = static_cast<std::size_t>(end_ - at_);
+    std::memmove(buffer_.get(), at_, left);
+    stream.read(buffer_.get() + left, static_cast<std::streamsize>(kBlockSize - left));
+    const auto came = static_cast<std::size_t>(stream.gcount());
+    if (!stream) source_empty_ = true;
+    if (stream.bad()) {
+        SendFail({"Input failed at line %d", line_number_});
+        no_error_ = false;
+    }
+    at_ = buffer_.get();
+    end_ = at_ + left + came;
+    if (at_start && std::string_view(at_, came).substr(0, kByteOrderMark.size()) == kByteOrderMark) {
+        at_ += kByteOrderMark.size();
+    }
+    return came > 0;
+}
+
+/// One line without its delimiter. False when it is the input's last: the input then ended within it.
+bool DxfFile_FileReader::next_line(std::istream& stream, std::string_view& line) {
+    for (;;) {
+        const auto available = static_cast<std::size_t>(end_ - at_);
+        const auto window = std::min(available, kLongestLine + 1);
+        if (const void* found = window ? std::memchr(at_, delimiter_, window) : nullptr) {
+            const char* delimiter = static_cast<const char*>(found);
+            line = {at_, static_cast<std::size_t>(delimiter - at_)};
+            at_ = delimiter + 1;
+            return true;
+        }
+        if (available > kLongestLine) {
+            line = {at_, kLongestLine};
+            SendFail({"Line %d is longer than 2039 characters; reading ends there", line_number_});
+            return false;
+        }
+        if (refill(stream)) continue;
+        line = {at_, available};
+        at_ = end_;
+        return false;
+    }
+}
+
+void DxfFile_FileReader::Next(std::istream& stream) {
+    if (pushed_back_) {
+        pushed_back_ = false;
+        return;
+    }
+    if (!model_) {
+        no_error_ = has_group_ = false;
+        return;
+    }
+    if (!stream_good_) {
+        has_group_ = false;
+        return;
+    }
+    std::string_view line;  // each line is done with before the next moves the buffer
+    if (line_number_++ == 0 && !stream.good()) {
+        stream_good_ = has_group_ = false;
+        return;
+    }
+    stream_good_ = next_line(stream, line);
+    const auto code = code_of(line);
+    if (!code) {
+        code_ = -1;
+        SendFail("Group code is not an integer value");
+        no_error_ = false;
+        return;
+    }
+    code_ = *code;
+    if (!stream_good_) {
+        SendFail("Unexpected end of file or I/O failure");
+        no_error_ = false;
+        return;
+    }
+    stream_good_ = next_line(stream, line);
+    while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) line.remove_suffix(1);
+    value_ = line;
+    ++line_number_;
+    has_group_ = true;
+}
+
+// Values
+
+std::int32_t DxfFile_FileReader::ReadInteger(std::istream& /*stream*/) {
+    if (const auto value = integer_of(value_)) return *value;
+    SendFail("Group value is not an integer value");
+    return 0;
+}
+
+bool DxfFile_FileReader::ReadBoolean(std::istream& stream) {
+    return ReadInteger(stream) != 0;
+}
+
+double DxfFile_FileReader::ReadReal(std::istream& /*stream*/) {
+    if (const auto value = real_of(value_)) return *value;
+    SendFail("Group value is not a real value");
+    return 0;
+}
+
+std::int32_t DxfFile_FileReader::ReadHex(std::istream& /*stream*/) {
+    if (value_.empty()) return kUndefinedInteger;
+    const std::int32_t handle = DxfSection::StringToHex(value_);
+    if (handle >= 0) return handle;
+    SendFail("Group value is not a hex value");
+    return 0;
+}
+
+template <int Dimension, class Coordinates>
+Coordinates DxfFile_FileReader::read_point(std::istream& stream) {
+    Coordinates point = Coordinates::Zero();
+    const std::int32_t family = code_ - code_ / 10 % 10 * 10;  // the code without its tens digit
+    for (int taken = 0; taken < Dimension && has_group_; ++taken) {
+        const std::int32_t axis = code_ / 10 % 10;
+        if (code_ - axis * 10 != family || axis < 1 || axis > Dimension) break;
+        point[axis - 1] = ReadReal(stream);
+        Next(stream);
+    }
+    PushBack();
+    return point;
+}
+
+kernel::Point2 DxfFile_FileReader::ReadXY(std::istream& stream) {
+    return read_point<2, kernel::Point2>(stream);
+}
+
+kernel::Point DxfFile_FileReader::ReadXYZ(std::istream& stream) {
+    return read_point<3, kernel::Point>(stream);
+}
+
+// Records
+
+const DxfFile_ObjectRegistrator* DxfFile_FileReader::registrator_of(std::string_view name) {
+    if (last_name_ == name) return last_registrator_;
+    last_name_ = Text(name);
+    last_registrator_ = DxfFile_ObjectRegistrator::Find(name);
+    return last_registrator_;
+}
+
+Ref<DxfSection_Object> DxfFile_FileReader::ReadObject(std::istream& stream) {
+    if (!has_group_ || code_ != 0) return nullptr;
+    const DxfFile_ObjectRegistrator* registrator = registrator_of(value_);
+    if (registrator && nesting_ >= kDeepestNesting) {
+        SendFail(
+            {"Records are nested too deep at line %d: this one is kept without its structure", line_number_});
+        registrator = nullptr;
+    }
+    const NestingLevel level(*this);
+    if (registrator) return registrator->Read(stream, *this);
+    const Text type = Value();
+    const auto unknown = DxfFile_RWUnrecognizedObject::Read(stream, *this);
+    unknown->Type = type;
+    return unknown;
+}
+
+// Reports
+
+Check* DxfFile_FileReader::current_check() {
+    if (!model_) return nullptr;
+    const int number = model_->Number(current_);
+    return number ? &model_->ChangeCheck(number) : &model_->GlobalCheck();
+}
+
+void DxfFile_FileReader::SendFail(const Message& message) {
+    if (Check* check = current_check()) check->AddFail(message);
+}
+
+void DxfFile_FileReader::SendWarning(const Message& message) {
+    if (Check* check = current_check()) check->AddWarning(message);
+}
+
+void DxfFile_FileReader::SendUnrecognized() {
+    SendWarning({"DxfFile_RWObject: Unrecognized group (code %d) skipped at line %d", code_, line_number_});
+}
+
+}  // namespace veltrane

@@ -1,0 +1,69 @@
+// The group writer: groups as lines of DXF text.
+#pragma once
+
+#include "veltrane/base/ref.hpp"
+#include "veltrane/base/text.hpp"
+#include "veltrane/exchange/message.hpp"
+#include "veltrane/kernel/math/vector.hpp"
+#include "veltrane/section/model.hpp"
+
+#include <cstdint>
+#include <iosfwd>
+#include <memory>
+#include <string_view>
+
+namespace veltrane {
+
+/// Writes one file. The same stream is given to every operation; text is gathered and handed to it in blocks,
+/// the last of them by Flush().
+class DxfFile_FileWriter : public Typed<DxfFile_FileWriter, Transient> {
+public:
+    static constexpr const char* kTypeName = "DxfFile_FileWriter";
+
+    /// The version number is taken from the model's $ACADVER.
+    explicit DxfFile_FileWriter(const Ref<DxfSection_Model>& model);
+    ~DxfFile_FileWriter() override;
+
+    const Ref<DxfSection_Model>& Model() const { return model_; }
+    const DxfSection_Object* CurrentObject() const { return current_; }
+    void SetCurrentObject(const DxfSection_Object* record) { current_ = record; }
+    /// True while there is a model and the output is good.
+    bool Status() const { return status_; }
+    /// 1009 for R12, 1012 R13, 1014 R14, 1015 R2000, 1018 R2004, 1021 R2007, 1024 R2010.
+    int Version() const { return version_; }
+
+    void WriteString(std::ostream& stream, int code, std::string_view text);
+    /// A null text is written as an empty value, with a fail.
+    void WriteText(std::ostream& stream, int code, const Text& text);
+    /// -1, the undefined integer, is written as an empty value.
+    void WriteInteger(std::ostream& stream, int code, std::int32_t value);
+    void WriteBoolean(std::ostream& stream, int code, bool value);
+    /// Fixed point with up to twenty decimals. -1e100, the undefined real, is written as an empty value.
+    void WriteReal(std::ostream& stream, int code, double value);
+    void WriteHex(std::ostream& stream, int code, std::int32_t handle);
+    void WriteXY(std::ostream& stream, int code, const kernel::Point2& point);
+    void WriteXYZ(std::ostream& stream, int code, const kernel::Point& point);
+    /// SAT text as groups 1 and, for long lines, 3.
+    void WriteSatData(std::ostream& stream, const Text& text);
+    /// One record, its group 0 first. A record whose class is not registered is left out.
+    void WriteObject(std::ostream& stream, const DxfSection_Object& record);
+    /// Hands over what is gathered.
+    void Flush(std::ostream& stream);
+
+    void SendFail(const Message& message);
+    void SendWarning(const Message& message);
+
+private:
+    char* begin_group(std::ostream& stream, int code, std::size_t value_length);
+    void end_value(char* end);
+    Check* current_check();
+
+    Ref<DxfSection_Model> model_;
+    const DxfSection_Object* current_ = nullptr;
+    bool status_;
+    int version_ = 1015;
+    std::unique_ptr<char[]> buffer_;
+    char* at_;
+};
+
+}  // namespace veltrane

@@ -1,0 +1,101 @@
+// Dumping by record tables.
+#include "veltrane/file/common.hpp"
+#include "veltrane/file/dump_text.hpp"
+#include "veltrane/file/record_io.hpp"
+
+namespace veltrane {
+
+bool begin_list(std::ostream& stream, const char* label, int count, int level) {
+    dump_label(stream, label);
+    if (count < 0) {
+        stream << "<NOT DEFINED>\n";
+        return false;
+    }
+    if (level < 1) {
+        stream << "{ [array of " << count << " items] }\n";
+        return false;
+    }
+    stream << "{\n";
+    return true;
+}
+
+namespace {
+
+void dump_sub_records(const Row& row, std::ostream& stream, const Transient& record, int level) {
+    const int count = row.records.count(record);
+    if (!begin_list(stream, row.label, count, level)) return;
+    for (int number = 1; number <= count; ++number) {
+        const Transient& item = row.records.item(record, number);
+        dump_element(stream, item.DynamicType().name(),
+                     [&] { dump_fields(*row.records.table, stream, item, level - 1); });
+    }
+    end_list(stream);
+}
+
+void dump_row(const Row& row, std::ostream& stream, const Transient& record, int level) {
+    const Field& field = row.field;
+    switch (row.kind) {
+        case ValueKind::Real:
+            dump_label(stream, row.label) << record.*field.real << '\n';
+            return;
+        case ValueKind::Integer:
+        case ValueKind::Handle:
+            dump_label(stream, row.label) << record.*field.integer << '\n';
+            return;
+        case ValueKind::String:
+            if ((record.*field.text).is_null()) return;
+            dump_label(stream, row.label) << '"' << record.*field.text << "\"\n";
+            return;
+        case ValueKind::Point:
+        case ValueKind::Coordinates:
+            dump_point(dump_label(stream, row.label), record.*field.point);
+            stream << '\n';
+            return;
+        case ValueKind::Point2:
+            dump_point(dump_label(stream, row.label), record.*field.point2);
+            stream << '\n';
+            return;
+        case ValueKind::Reals:
+            return dump_list(stream, row.label, record.*field.reals, level);
+        case ValueKind::Points:
+            return dump_list(stream, row.label, record.*field.points, level);
+        case ValueKind::Strings:
+            return dump_list(stream, row.label, record.*field.texts, level);
+        case ValueKind::BinData:
+            return dump_piece(stream, row.label, record.*field.bin_data, level,
+                              [&](const DxfSection_BinData& data, int depth) {
+                                  DxfFile_RWBinData::Dump(stream, data, depth);
+                              });
+        case ValueKind::Records:
+            return dump_sub_records(row, stream, record, level);
+        case ValueKind::Groups:
+            return dump_list(stream, row.label, record.*field.groups, level);
+        case ValueKind::Marker:
+            dump_label(stream, row.label) << row.text << '\n';
+            return;
+        case ValueKind::Constant:
+            if (row.label) dump_label(stream, row.label) << row.number << '\n';
+            return;
+        case ValueKind::Base:  // stands before all rows
+            return;
+        case ValueKind::Piece:
+            if (row.piece.dump) row.piece.dump(stream, record, level);
+            return;
+    }
+}
+
+}  // namespace
+
+void dump_fields(const RecordTable& table, std::ostream& stream, const Transient& record, int level) {
+    if (const RecordTable* base = table.base()) {
+        stream << "Inherits " << base->class_name() << '\n';
+        if (level > 0) {
+            stream << "{\n";
+            dump_fields(*base, stream, record, level - 1);
+            stream << "}\n";
+        }
+    }
+    for (const Row& row : table.rows()) dump_row(row, stream, record, level);
+}
+
+}  // namespace veltrane

@@ -1,0 +1,37 @@
+#include "veltrane/file/record_table.hpp"
+
+#include <stdexcept>
+#include <string>
+
+namespace veltrane {
+
+RecordTable::RecordTable(const char* class_name, std::vector<Row> rows)
+    : class_name_(class_name), rows_(std::move(rows)) {
+    index_.fill(kNoRow);
+    for (const Row& row : rows_) {
+        if (row.kind == ValueKind::Base) {
+            base_ = row.base;
+            continue;
+        }
+        if (row.kind == ValueKind::Groups) rest_ = &row;
+        if (row.code < 0) continue;  // written and dumped only
+        index(row, row.code);
+        if (row.kind != ValueKind::Coordinates) continue;
+        index(row, row.code + 10);
+        index(row, row.code + 20);
+    }
+    // Own rows come before the base's, so that a record may give a common code its own meaning.
+    for (int code = 0; base_ && code < kCodes; ++code) {
+        const Row* inherited = base_->find(code);
+        if (inherited && !find(code)) index(*inherited, code);
+    }
+}
+
+void RecordTable::index(const Row& row, int code) {
+    if (find(code)) return;  // a second row of a code is for writing
+    if (readers_.size() >= kNoRow) throw std::logic_error(std::string("too many codes in ") + class_name_);
+    index_[static_cast<std::size_t>(code)] = static_cast<std::uint8_t>(readers_.size());
+    readers_.push_back(&row);
+}
+
+}  // namespace veltrane

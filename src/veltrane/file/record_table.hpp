@@ -1,0 +1,317 @@
+// The format of a record as a table: one row per field, read, written and dumped by one interpreter each.
+#pragma once
+
+#include "veltrane/base/sequence.hpp"
+#include "veltrane/base/text.hpp"
+#include "veltrane/kernel/math/vector.hpp"
+#include "veltrane/section/object.hpp"
+
+#include <array>
+#include <climits>
+#include <cstdint>
+#include <iosfwd>
+#include <vector>
+
+namespace veltrane {
+
+class DxfFile_FileReader;
+class DxfFile_FileWriter;
+class RecordTable;
+
+/// How the groups of a row become the value of a field, and back.
+enum class ValueKind : std::uint8_t {
+    Real,
+    Integer,
+    Handle,
+    String,
+    Point,        ///< groups c, c+10, c+20, directly after each other
+    Point2,       ///< groups c, c+10
+    Coordinates,  ///< groups c, c+10, c+20, each on its own and in any place
+    Reals,        ///< each group appends to a list
+    Points,
+    Strings,
+    BinData,   ///< a run of groups c, kept as text
+    Records,   ///< each group c begins a sub-record, which has a table of its own
+    Groups,    ///< every group that no other row takes, kept as it is
+    Marker,    ///< group 100: accepted and dropped, written with the row's text
+    Constant,  ///< accepted and dropped, written with the row's number
+    Base,      ///< the fields of the base record
+    Piece,     ///< read, written and dumped by functions
+};
+
+/// When a row's groups are left out.
+enum class Omit : std::uint8_t {
+    Never,
+    IfEqual,      ///< to the row's number or text
+    IfZAxis,      ///< a direction within 1e-10 of (0, 0, 1) in every co-ordinate
+    IfUndefined,  ///< -1, -1e100, or a point of these
+    Always,       ///< a field that is read and dumped only
+};
+
+/// A pointer to a field of any record class, held as one of the common root.
+union Field {
+    double Transient::*real = nullptr;
+    std::int32_t Transient::*integer;
+    Text Transient::*text;
+    kernel::Point Transient::*point;
+    kernel::Point2 Transient::*point2;
+    Ref<Sequence<double>> Transient::*reals;
+    Ref<Sequence<kernel::Point>> Transient::*points;
+    Ref<Sequence<Text>> Transient::*texts;
+    Ref<DxfSection_BinData> Transient::*bin_data;
+    Ref<DxfSection_HSequenceOfDxfGroup> Transient::*groups;
+};
+
+/// The functions of a row that no table can say. A null function does nothing.
+struct PieceFunctions {
+    /// Takes the reader's current group into the record; false when the record has ended.
+    bool (*read)(std::istream&, DxfFile_FileReader&, Transient&) = nullptr;
+    void (*write)(std::ostream&, DxfFile_FileWriter&, const Transient&) = nullptr;
+    /// Writes whole lines, the label included.
+    void (*dump)(std::ostream&, const Transient&, int level) = nullptr;
+};
+
+/// Access to a list of sub-records of one class.
+struct SubRecords {
+    Transient& (*append)(Transient& record) = nullptr;
+    int (*count)(const Transient& record) = nullptr;  ///< -1 when there is no list
+    const Transient& (*item)(const Transient& record, int number) = nullptr;
+    const RecordTable* table = nullptr;
+};
+
+/// One row. Made by the functions below; the chained members state when it is written.
+struct Row {
+    std::int16_t code = 0;
+    ValueKind kind = ValueKind::Piece;
+    Omit omit = Omit::Never;
+    std::int16_t since_version = 0;
+    std::int16_t below_version = INT16_MAX;
+    Field field;
+    const char* label = nullptr;
+    double number = 0;           ///< of Constant, or to compare with
+    const char* text = nullptr;  ///< of Marker, or to compare with
+    const RecordTable* base = nullptr;
+    PieceFunctions piece;
+    SubRecords records;
+
+    Row unless(double value) const { return with(&Row::number, value, Omit::IfEqual); }
+    Row unless(int value) const { return unless(static_cast<double>(value)); }
+    Row unless(const char* value) const { return with(&Row::text, value, Omit::IfEqual); }
+    Row unless_z_axis() const { return with(&Row::number, 0.0, Omit::IfZAxis); }
+    Row unless_undefined() const { return with(&Row::number, 0.0, Omit::IfUndefined); }
+    Row never_written() const { return with(&Row::number, 0.0, Omit::Always); }
+    /// Written for drawings of this version number and later.
+    Row since(int version) const {
+        return with(&Row::since_version, static_cast<std::int16_t>(version), omit);
+    }
+    /// Written for drawings before this version number.
+    Row below(int version) const {
+        return with(&Row::below_version, static_cast<std::int16_t>(version), omit);
+    }
+
+private:
+    template <class Value>
+    Row with(Value Row::*member, Value value, Omit rule) const {
+        Row row = *this;
+        row.*member = value;
+        row.omit = rule;
+        return row;
+    }
+};
+
+namespace rows {
+
+inline Row row(int code, ValueKind kind, const char* label) {
+    Row result;
+    result.code = static_cast<std::int16_t>(code);
+    result.kind = kind;
+    result.label = label;
+    return result;
+}
+
+template <class Record>
+Row real(int code, const char* label, double Record::*field) {
+    Row result = row(code, ValueKind::Real, label);
+    result.field.real = static_cast<double Transient::*>(field);
+    return result;
+}
+
+template <class Record>
+Row integer_kind(int code, ValueKind kind, const char* label, std::int32_t Record::*field) {
+    Row result = row(code, kind, label);
+    result.field.integer = static_cast<std::int32_t Transient::*>(field);
+    return result;
+}
+template <class Record>
+Row integer(int code, const char* label, std::int32_t Record::*field) {
+    return integer_kind(code, ValueKind::Integer, label, field);
+}
+template <class Record>
+Row handle(int code, const char* label, std::int32_t Record::*field) {
+    return integer_kind(code, ValueKind::Handle, label, field);
+}
+
+/// A text; never written when it is not set.
+template <class Record>
+Row string(int code, const char* label, Text Record::*field) {
+    Row result = row(code, ValueKind::String, label);
+    result.field.text = static_cast<Text Transient::*>(field);
+    return result;
+}
+
+template <class Record>
+Row point_kind(int code, ValueKind kind, const char* label, kernel::Point Record::*field) {
+    Row result = row(code, kind, label);
+    result.field.point = static_cast<kernel::Point Transient::*>(field);
+    return result;
+}
+template <class Record>
+Row point(int code, const char* label, kernel::Point Record::*field) {
+    return point_kind(code, ValueKind::Point, label, field);
+}
+template <class Record>
+Row coordinates(int code, const char* label, kernel::Point Record::*field) {
+    return point_kind(code, ValueKind::Coordinates, label, field);
+}
+
+template <class Record>
+Row point2(int code, const char* label, kernel::Point2 Record::*field) {
+    Row result = row(code, ValueKind::Point2, label);
+    result.field.point2 = static_cast<kernel::Point2 Transient::*>(field);
+    return result;
+}
+
+template <class Record>
+Row reals(int code, const char* label, Ref<Sequence<double>> Record::*field) {
+    Row result = row(code, ValueKind::Reals, label);
+    result.field.reals = static_cast<Ref<Sequence<double>> Transient::*>(field);
+    return result;
+}
+
+template <class Record>
+Row points(int code, const char* label, Ref<Sequence<kernel::Point>> Record::*field) {
+    Row result = row(code, ValueKind::Points, label);
+    result.field.points = static_cast<Ref<Sequence<kernel::Point>> Transient::*>(field);
+    return result;
+}
+
+template <class Record>
+Row strings(int code, const char* label, Ref<Sequence<Text>> Record::*field) {
+    Row result = row(code, ValueKind::Strings, label);
+    result.field.texts = static_cast<Ref<Sequence<Text>> Transient::*>(field);
+    return result;
+}
+
+template <class Record>
+Row bin_data(int code, const char* label, Ref<DxfSection_BinData> Record::*field) {
+    Row result = row(code, ValueKind::BinData, label);
+    result.field.bin_data = static_cast<Ref<DxfSection_BinData> Transient::*>(field);
+    return result;
+}
+
+template <class Record>
+Row groups(const char* label, Ref<DxfSection_HSequenceOfDxfGroup> Record::*field) {
+    Row result = row(-1, ValueKind::Groups, label);
+    result.field.groups = static_cast<Ref<DxfSection_HSequenceOfDxfGroup> Transient::*>(field);
+    return result;
+}
+
+/// A subclass marker, dumped under `label`.
+inline Row marker(const char* text, const char* label = "@SubclassMarker") {
+    Row result = row(100, ValueKind::Marker, label);
+    result.text = text;
+    return result;
+}
+
+/// A group whose value is not kept; null as `label` leaves it out of the dump.
+inline Row constant(int code, const char* label, int value) {
+    Row result = row(code, ValueKind::Constant, label);
+    result.number = value;
+    return result;
+}
+
+/// The base record's fields, written at this place.
+inline Row base(const RecordTable& table) {
+    Row result = row(-1, ValueKind::Base, nullptr);
+    result.base = &table;
+    return result;
+}
+
+inline Row piece(int code, const PieceFunctions& functions) {
+    Row result = row(code, ValueKind::Piece, nullptr);
+    result.piece = functions;
+    return result;
+}
+
+namespace detail {
+
+template <auto List>
+struct ListOf;
+template <class Record, class Element, Ref<Sequence<Ref<Element>>> Record::*List>
+struct ListOf<List> {
+    static const Ref<Sequence<Ref<Element>>>& of(const Transient& record) {
+        return static_cast<const Record&>(record).*List;
+    }
+    static Transient& append(Transient& record) {
+        auto element = make<Element>();
+        veltrane::append(static_cast<Record&>(record).*List, element);
+        return *element;
+    }
+    static int count(const Transient& record) { return of(record) ? of(record)->Length() : -1; }
+    static const Transient& item(const Transient& record, int number) { return *of(record)->Value(number); }
+};
+
+}  // namespace detail
+
+/// A list of sub-records: every group `code` begins one, which lasts to the first group that is not its own.
+template <auto List>
+Row records(int code, const char* label, const RecordTable& table) {
+    Row result = row(code, ValueKind::Records, label);
+    using Access = detail::ListOf<List>;
+    result.records = {&Access::append, &Access::count, &Access::item, &table};
+    return result;
+}
+
+}  // namespace rows
+
+/// The rows of one record class, in the order in which they are written.
+class RecordTable {
+public:
+    /// `class_name` is the record's, for dumps.
+    RecordTable(const char* class_name, std::vector<Row> rows);
+    RecordTable(const RecordTable&) = delete;
+    RecordTable& operator=(const RecordTable&) = delete;
+
+    const char* class_name() const { return class_name_; }
+    const std::vector<Row>& rows() const { return rows_; }
+    /// The base record's table; null when there is none.
+    const RecordTable* base() const { return base_; }
+    /// The row that takes a group code, of this table or else of its bases; null when there is none.
+    const Row* find(int code) const {
+        return code >= 0 && code < kCodes && index_[static_cast<std::size_t>(code)] != kNoRow
+                   ? readers_[index_[static_cast<std::size_t>(code)]]
+                   : nullptr;
+    }
+
+    /// The row that takes every group without a row of its own, but for the group 0; null when there is none.
+    const Row* rest() const { return rest_; }
+
+    static constexpr int kCodes = 1072;  ///< the format's codes end at 1071
+
+private:
+    static constexpr std::uint8_t kNoRow = 255;
+    void index(const Row& row, int code);
+
+    const char* class_name_;
+    std::vector<Row> rows_;
+    const RecordTable* base_ = nullptr;
+    const Row* rest_ = nullptr;
+    std::vector<const Row*> readers_;
+    std::array<std::uint8_t, kCodes> index_;
+};
+
+/// The table of a record class; specialised beside each table.
+template <class Record>
+const RecordTable& record_table();
+
+}  // namespace veltrane
