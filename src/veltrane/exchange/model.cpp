@@ -19,14 +19,23 @@ int ExchangeModel::Number(const Transient* record) const {
     return found == numbers_.end() ? 0 : found->second;
 }
 
-int ExchangeModel::AddEntity(const Ref<Transient>& record) {
+int ExchangeModel::AddEntity(const Ref<Transient>& record, int line) {
     if (!record) return 0;
     if (const int number = Number(record.get())) return number;
     records_.push_back(record);
     const int number = NbEntities();
     record->set_slot(static_cast<std::uint32_t>(number));
     if (numbers_filled_) numbers_[record.get()] = number;
+    if (line > 0) {
+        lines_.resize(records_.size());
+        lines_.back() = line;
+    }
     return number;
+}
+
+int ExchangeModel::Line(int number) const {
+    const auto index = static_cast<std::size_t>(number) - 1;
+    return index < lines_.size() ? lines_[index] : 0;
 }
 
 void ExchangeModel::Clear() {
@@ -39,6 +48,7 @@ void ExchangeModel::ClearEntities() {
         if (records_[i]->slot() == i + 1) records_[i]->set_slot(0);
     }
     records_.clear();
+    lines_.clear();
     reports_.clear();
     numbers_.clear();
     numbers_filled_ = false;

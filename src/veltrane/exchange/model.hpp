@@ -24,8 +24,11 @@ public:
     }
     /// The record's number, 0 when it is not in the list. Constant time.
     int Number(const Transient* record) const;
-    /// Adds a record unless it is listed already; returns its number, 0 for null.
-    int AddEntity(const Ref<Transient>& record);
+    /// Adds a record unless it is listed already; returns its number, 0 for null. `line` is where the
+    /// record stands in the file it was read from, 0 when it was not read.
+    int AddEntity(const Ref<Transient>& record, int line = 0);
+    /// The line given with a record; 0 when none was.
+    int Line(int number) const;
     /// Plain iteration in order of number.
     const std::vector<Ref<Transient>>& records() const { return records_; }
 
@@ -55,6 +58,7 @@ public:
 
 private:
     std::vector<Ref<Transient>> records_;
+    std::vector<std::int32_t> lines_;  // by number - 1; no longer than the last record with a line
     std::vector<Ref<Check>> reports_;  // by number - 1; no longer than the last record with a report
     Ref<Check> global_check_ = make<Check>();
     /// Numbers of records whose own slot a later model has taken over.

@@ -89,7 +89,7 @@ bool read_field(const RecordTable& table, std::istream& stream, DxfFile_FileRead
 void read_record(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,
                  const Ref<DxfSection_Object>& record) {
     DxfSection_Object* const enclosing = reader.CurrentObject();
-    if (reader.Model()) reader.Model()->AddEntity(record);
+    if (reader.Model()) reader.Model()->AddEntity(record, reader.LineNumber());
     reader.SetCurrentObject(record.get());
     for (reader.Next(stream); reader.HasGroup(); reader.Next(stream)) {
         if (!read_field(table, stream, reader, *record)) break;
