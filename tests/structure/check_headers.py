@@ -35,16 +35,11 @@ def compiler_and_flags(commands, root):
     return compiler, [word for flag in flags for word in flag]
 
 
-def proven_headers(commands, root):
+def proven_headers(commands):
     """Headers that some source of the build includes before anything else."""
-    proven = set()
-    for entry in commands:
-        file = pathlib.Path(entry["file"])
-        if root in file.parents:
-            first = INCLUDE.search(file.read_text(encoding="utf-8"))
-            if first:
-                proven.add(first[1])
-    return proven
+    sources = {pathlib.Path(entry["file"]) for entry in commands}
+    first = (INCLUDE.search(source.read_text(encoding="utf-8")) for source in sources)
+    return {include[1] for include in first if include}
 
 
 def main():
@@ -52,7 +47,7 @@ def main():
     commands = json.loads(pathlib.Path(sys.argv[2]).read_text(encoding="utf-8"))
     compiler, flags = compiler_and_flags(commands, root)
     headers = {str(p.relative_to(root)) for p in root.rglob("*.hpp")}
-    left = sorted(headers - proven_headers(commands, root))
+    left = sorted(headers - proven_headers(commands))
 
     def compile_alone(header):
         options = ["-std=c++20", "-fsyntax-only", "-Wall", "-Wextra", "-Wpedantic", "-Werror"]
