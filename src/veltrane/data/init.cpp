@@ -1,0 +1,28 @@
+#include "veltrane/data/init.hpp"
+
+#include "veltrane/data/translate_curve.hpp"
+
+#include <mutex>
+
+namespace veltrane::DxfData {
+namespace {
+
+/// One translator for several record types.
+template <class... Records>
+void register_translator(const Ref<DxfData_TranslateObject>& translator) {
+    (DxfData_TranslateObject::RegisterTool(Records::type(), translator), ...);
+}
+
+void register_translators() {
+    register_translator<DxfEnt_Line, DxfEnt_Circle, DxfEnt_Ellipse, DxfEnt_Spline, DxfEnt_Ray, DxfEnt_XLine,
+                        DxfEnt_Point>(make<DxfData_TranslateCurve>());
+}
+
+}  // namespace
+
+void Init() {
+    static std::once_flag once;
+    std::call_once(once, register_translators);
+}
+
+}  // namespace veltrane::DxfData
