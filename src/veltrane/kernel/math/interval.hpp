@@ -26,8 +26,11 @@ struct Interval {
     friend bool operator==(const Interval&, const Interval&) = default;
 };
 
-/// `t` moved by whole periods into [first, first + period). A value within kParametric below the upper
-/// end goes to `first`, so that the seam has one parameter.
+/// `t` moved by whole periods into [first, first + period). A value within kParametric periods below
+/// the upper end goes to `first`, so that the seam has one parameter.
 double into_period(double t, double first, double period);
+
+/// The same without the snap at the seam, for evaluation: always inside the interval, which is the period.
+double wrapped(double t, const Interval& period);
 
 }  // namespace veltrane::kernel

@@ -20,7 +20,8 @@ using Matrix2 = Eigen::Matrix<double, 2, 2, Eigen::DontAlign>;
 inline Vector cross(const Vector& a, const Vector& b) {
     return {a.y() * b.z() - a.z() * b.y(), a.z() * b.x() - a.x() * b.z(), a.x() * b.y() - a.y() * b.x()};
 }
-inline double cross(const Vector2& a, const Vector2& b) {
+/// The third co-ordinate of the cross product of two plane vectors.
+inline double cross2(const Vector2& a, const Vector2& b) {
     return a.x() * b.y() - a.y() * b.x();
 }
 
@@ -29,11 +30,9 @@ inline double distance(const Point& a, const Point& b) {
 }
 
 /// True when every co-ordinate is one that geometry can be made of (see is_usable(double)).
-inline bool is_usable(const Vector& v) {
-    return is_usable(v.x()) && is_usable(v.y()) && is_usable(v.z());
-}
-inline bool is_usable(const Vector2& v) {
-    return is_usable(v.x()) && is_usable(v.y());
+template <class Derived>
+bool is_usable(const Eigen::MatrixBase<Derived>& v) {
+    return (v.array().abs() <= kLargest).all();
 }
 
 /// Angle between two vectors in [0, pi]; accurate also near 0 and pi. 0 when one of them is zero.
@@ -42,7 +41,7 @@ double angle_between(const Vector& a, const Vector& b);
 /// The vector scaled to length 1, without overflow or underflow on the way.
 /// Throws KernelError for a zero vector and for one that is not finite.
 Vector unit(const Vector& v);
-Vector2 unit(const Vector2& v);
+Vector2 unit2(const Vector2& v);
 
 /// Some unit vector perpendicular to `v`, chosen by the arbitrary-axis rule of DXF.
 /// Throws KernelError for a zero vector.
