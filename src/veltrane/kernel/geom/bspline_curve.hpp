@@ -6,7 +6,8 @@
 
 namespace veltrane::kernel {
 
-/// A B-spline curve, rational when it has weights. See BSplineData for the conventions.
+/// A B-spline curve, rational when it has weights. See BSplineData for the conventions. Weights that are
+/// all the same are dropped.
 class BSplineCurve : public Typed<BSplineCurve, Curve> {
 public:
     static constexpr const char* kTypeName = "BSplineCurve";

@@ -36,7 +36,10 @@ struct BSplineData {
 /// at least two poles, weights are none or one positive number per pole, knots ascend strictly,
 /// multiplicities are at least 1 and at most the degree (degree + 1 at the ends of a curve that is not
 /// periodic), their sum fits the poles, and every number is usable.
-void validate(const BSplineData& data);
+///
+/// With `pieces` interior multiplicities may exceed the degree: such data, as drawings hold it, describes
+/// a curve in pieces until the multiplicities are lowered (see lower_excess_knots).
+void validate(const BSplineData& data, bool pieces = false);
 
 /// Every knot as often as it counts. For a periodic curve the sequence is continued on both sides so
 /// that flat[degree] is the first knot and flat[degree + poles] the last: it then fits the poles repeated
@@ -61,13 +64,5 @@ void set_homogeneous(BSplineData& data, std::span<const HomogeneousPoint> poles)
 /// The span i with flat[i] <= t < flat[i + 1] among the spans of the curve (algorithm A2.1); `count` is
 /// the number of poles the sequence belongs to. Parameters outside, and NaN, give an end span.
 int find_span(std::span<const double> flat, int degree, int count, double t);
-
-/// Values of the degree + 1 basis functions that act on the span, and of their derivatives: row k of
-/// `values` holds the k-th derivatives, for k up to `order` (at most 2) (algorithm A2.3).
-struct BasisValues {
-    double values[3][kMaxDegree + 1];
-};
-void basis_functions(std::span<const double> flat, int degree, int span, double t, int order,
-                     BasisValues& out);
 
 }  // namespace veltrane::kernel

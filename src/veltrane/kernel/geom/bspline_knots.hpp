@@ -15,10 +15,15 @@ Ref<BSplineCurve> with_knot(const BSplineCurve& curve, double t, int multiplicit
 /// the curve then stays within `tolerance` of what it was; false, and nothing changed, when it does not.
 /// Works on data whose interior multiplicities exceed the degree, too (the curve is then in pieces, and
 /// the pieces must meet). Of a periodic curve any knot may be lowered, the first and last together, but
-/// these not to 0. Throws KernelError for an index that cannot be lowered.
+/// these not to 0. A knot outside the range of an unclamped curve stays (false). Throws KernelError for
+/// data that validate() refuses and for an index that cannot be lowered.
 bool remove_knot(BSplineData& data, int index, int multiplicity, double tolerance);
 /// Null when the tolerance does not permit it.
 Ref<BSplineCurve> without_knot(const BSplineCurve& curve, int index, int multiplicity, double tolerance);
+
+/// Lowers every interior multiplicity above the degree to the degree, in linear time: false, and nothing
+/// changed, when the pieces of the curve do not meet within `tolerance` at one of these knots.
+bool lower_excess_knots(BSplineData& data, double tolerance);
 
 /// The periodic curve with its first knot lowered to `multiplicity`, or as far as `tolerance` permits.
 /// Throws KernelError for a curve that is not periodic.

@@ -77,6 +77,10 @@ public:
     Ref<Curve> reversed() const { return reverse_curve().curve; }
     virtual MappedCurve reverse_curve() const = 0;
 
+    /// Throws KernelError unless the interval is bounded, runs forwards and, for a periodic curve, is at
+    /// most a period long. What works through a curve piece by piece asks this first.
+    void require_piece(const Interval& interval) const;
+
     Point start() const { return value(range().first); }
     Point end() const { return value(range().last); }
 };

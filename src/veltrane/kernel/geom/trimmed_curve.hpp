@@ -12,7 +12,7 @@ public:
     static constexpr const char* kTypeName = "TrimmedCurve";
 
     /// On a periodic basis the piece runs counter-clockwise from `first`, and `last` is moved by whole
-    /// periods to lie after it, at most a period away; equal parameters (within kParametric) give the
+    /// periods to lie after it, at most a period away; equal parameters (within kParametric periods) give the
     /// whole turn. On any other basis first < last must lie in its range. Throws KernelError otherwise.
     TrimmedCurve(const Ref<Curve>& basis, double first, double last);
 
