@@ -7,6 +7,7 @@
 #include "veltrane/section/handle_text.hpp"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <istream>
 
@@ -15,6 +16,7 @@ namespace veltrane {
 namespace {
 
 constexpr std::size_t kBlockSize = 256 * 1024;
+constexpr std::size_t kPadding = 24;  // bytes past a block that may be read, whatever they hold
 constexpr std::size_t kLongestLine = 2039;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
@@ -36,6 +38,23 @@ std::optional<std::int32_t> code_of(std::string_view line) {
     return integer_of(line);
 }
 
+/// Offset of `delimiter` in the first `size` bytes, or `size`. Lines of drawings are short: most end within
+/// the first words, where a call would cost more than the search. Bytes up to kPadding past `size` are read.
+std::size_t find_delimiter(const char* bytes, std::size_t size, char delimiter) {
+    constexpr std::uint64_t kOnes = 0x0101010101010101u;
+    const std::uint64_t pattern = kOnes * static_cast<unsigned char>(delimiter);
+    for (std::size_t at = 0; at < kPadding; at += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, bytes + at, 8);
+        word ^= pattern;  // the delimiter is now the lowest byte that is zero
+        const std::uint64_t zero = (word - kOnes) & ~word & (kOnes << 7);
+        if (zero) return std::min(at + static_cast<std::size_t>(std::countr_zero(zero)) / 8, size);
+    }
+    if (size <= kPadding) return size;
+    const void* found = std::memchr(bytes + kPadding, delimiter, size - kPadding);
+    return found ? static_cast<std::size_t>(static_cast<const char*>(found) - bytes) : size;
+}
+
 }  // namespace
 
 /// Counts the records that are open around the reader.
@@ -51,7 +70,7 @@ private:
 };
 
 DxfFile_FileReader::DxfFile_FileReader(const Ref<ExchangeModel>& model)
-    : model_(model), buffer_(new char[kBlockSize]) {
+    : model_(model), buffer_(new char[kBlockSize + kPadding]()) {
     at_ = end_ = buffer_.get();
 }
 
@@ -91,10 +110,10 @@ bool DxfFile_FileReader::next_line(std::istream& stream, std::string_view& line)
     for (;;) {
         const auto available = static_cast<std::size_t>(end_ - at_);
         const auto window = std::min(available, kLongestLine + 1);
-        if (const void* found = window ? std::memchr(at_, delimiter_, window) : nullptr) {
-            const char* delimiter = static_cast<const char*>(found);
-            line = {at_, static_cast<std::size_t>(delimiter - at_)};
-            at_ = delimiter + 1;
+        const std::size_t length = find_delimiter(at_, window, delimiter_);
+        if (length < window) {
+            line = {at_, length};
+            at_ += length + 1;
             return true;
         }
         if (available > kLongestLine) {

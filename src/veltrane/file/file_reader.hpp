@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace veltrane {
 
@@ -77,6 +78,9 @@ public:
     /// Reads the whole record that begins at the current group 0; null when there is none.
     Ref<DxfSection_Object> ReadObject(std::istream& stream);
 
+    /// Where a record that keeps groups gathers them; each takes its own away when it ends.
+    std::vector<DxfSection_DxfGroup>& GroupBuffer() { return groups_; }
+
     void SendFail(const Message& message);
     void SendWarning(const Message& message);
 
@@ -115,6 +119,7 @@ private:
     const char* at_ = nullptr;
     const char* end_ = nullptr;
     TextPool texts_;
+    std::vector<DxfSection_DxfGroup> groups_;
 
     // The registrator found last: records of one type come in runs.
     Text last_name_;

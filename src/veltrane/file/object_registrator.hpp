@@ -11,6 +11,7 @@ namespace veltrane {
 
 class DxfFile_FileReader;
 class DxfFile_FileWriter;
+class RecordTable;
 
 /// Reads, writes and dumps records of one type. Bound under its DXF name and its record class for the
 /// process; binding a key again replaces the earlier registrator. Registration happens in DxfFile::Init.
@@ -27,6 +28,8 @@ public:
     virtual void Write(std::ostream& stream, DxfFile_FileWriter& writer,
                        const DxfSection_Object& record) const = 0;
     virtual void Dump(std::ostream& stream, const DxfSection_Object& record, int level) const = 0;
+    /// The table on which the three stand.
+    virtual const RecordTable& Table() const = 0;
 
     /// Null when no registrator is bound.
     static const DxfFile_ObjectRegistrator* Find(std::string_view name);

@@ -71,6 +71,7 @@ public:
     void Dump(std::ostream& stream, const DxfSection_Object& record, int level) const override {
         DxfFile_RecordRW<Record>::Dump(stream, static_cast<const Record&>(record), level);
     }
+    const RecordTable& Table() const override { return record_table<Record>(); }
 };
 
 }  // namespace veltrane

@@ -4,6 +4,8 @@
 #include "veltrane/file/record_io.hpp"
 
 #include <istream>
+#include <iterator>
+#include <vector>
 
 namespace veltrane {
 
@@ -72,6 +74,27 @@ bool read_row(const Row& row, std::istream& stream, DxfFile_FileReader& reader, 
     return true;
 }
 
+/// Reads the fields of a record that keeps every other group. These are gathered first, so that the record's
+/// list is made once and at its right size: in drawings of many such records it is most of what is kept.
+void read_with_rest(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,
+                    Transient& record) {
+    std::vector<DxfSection_DxfGroup>& gathered = reader.GroupBuffer();
+    const auto first = static_cast<std::ptrdiff_t>(gathered.size());
+    for (reader.Next(stream); reader.HasGroup(); reader.Next(stream)) {
+        if (reader.Code() != 0 && !table.find(reader.Code())) {
+            gathered.push_back({reader.Code(), reader.Value()});
+        } else if (!read_field(table, stream, reader, record)) {
+            break;
+        }
+    }
+    const auto begin = gathered.begin() + first;
+    if (begin == gathered.end()) return;
+    record.*table.rest()->field.groups =
+        make<DxfSection_HSequenceOfDxfGroup>(std::vector<DxfSection_DxfGroup>(
+            std::make_move_iterator(begin), std::make_move_iterator(gathered.end())));
+    gathered.erase(begin, gathered.end());
+}
+
 }  // namespace
 
 bool read_field(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,
@@ -91,8 +114,12 @@ void read_record(const RecordTable& table, std::istream& stream, DxfFile_FileRea
     DxfSection_Object* const enclosing = reader.CurrentObject();
     if (reader.Model()) reader.Model()->AddEntity(record, reader.LineNumber());
     reader.SetCurrentObject(record.get());
-    for (reader.Next(stream); reader.HasGroup(); reader.Next(stream)) {
-        if (!read_field(table, stream, reader, *record)) break;
+    if (table.rest()) {
+        read_with_rest(table, stream, reader, *record);
+    } else {
+        for (reader.Next(stream); reader.HasGroup(); reader.Next(stream)) {
+            if (!read_field(table, stream, reader, *record)) break;
+        }
     }
     reader.SetCurrentObject(enclosing);
 }

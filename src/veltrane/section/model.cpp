@@ -49,24 +49,31 @@ void DxfSection_Model::AssignHandles() {
     if (count == 0) return;
     handles_.clear();
     std::int32_t top = kLowestFreeHandle - 1;
-    for (const Ref<Transient>& record : records()) {
-        auto* handled = as<DxfSection_HandledObject>(record.get());
-        if (!handled || handled->Handle < 1) continue;
+    std::vector<int> without;  // numbers of the records that are to get a handle
+    for (int number = 1; number <= count; ++number) {
+        auto* handled = as<DxfSection_HandledObject>(Value(number).get());
+        if (!handled) continue;
+        if (handled->Handle < 1) {
+            without.push_back(number);
+            continue;
+        }
         top = std::max(top, handled->Handle);
         handles_.emplace_back(handled->Handle, handled);
     }
-    drop_duplicate_handles();
-    for (const Ref<Transient>& record : records()) {
-        auto* handled = as<DxfSection_HandledObject>(record.get());
-        if (!handled || handled->Handle > 0 || top == INT32_MAX) continue;
+    drop_duplicate_handles(without);
+    std::sort(without.begin(), without.end());
+    for (int number : without) {
+        if (top == INT32_MAX) break;
+        auto* handled = static_cast<DxfSection_HandledObject*>(Value(number).get());
         handled->Handle = ++top;
         handles_.emplace_back(top, handled);
     }
     if (top >= kLowestFreeHandle) SetVariable("$HANDSEED", {5, DxfSection::HexToString(top)});
 }
 
-/// Sorts the map and takes the handle away from every record but the first that claims it.
-void DxfSection_Model::drop_duplicate_handles() {
+/// Sorts the map and takes the handle away from every record but the first that claims it; adds the numbers
+/// of those that lost it to `without`.
+void DxfSection_Model::drop_duplicate_handles(std::vector<int>& without) {
     const auto by_handle = [](const auto& a, const auto& b) { return a.first < b.first; };
     if (!std::is_sorted(handles_.begin(), handles_.end(), by_handle)) {
         std::stable_sort(handles_.begin(), handles_.end(), by_handle);
@@ -75,6 +82,7 @@ void DxfSection_Model::drop_duplicate_handles() {
     for (std::size_t i = 0; i < handles_.size(); ++i) {
         if (kept > 0 && handles_[kept - 1].first == handles_[i].first) {
             handles_[i].second->Handle = kUndefinedInteger;
+            without.push_back(Number(handles_[i].second.get()));
         } else {
             if (kept != i) handles_[kept] = std::move(handles_[i]);
             ++kept;

@@ -86,7 +86,7 @@ private:
     Ref<Record> first_named(std::string_view name, Text Record::*field) const;
     template <class Entry>
     void fill(NameMap<Entry>& map) const;
-    void drop_duplicate_handles();
+    void drop_duplicate_handles(std::vector<int>& without);
 
     Ref<DxfSection_DxfFile> root_ = make<DxfSection_DxfFile>();
     std::vector<std::pair<std::int32_t, Ref<DxfSection_HandledObject>>> handles_;  // ascending
