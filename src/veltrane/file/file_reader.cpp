@@ -160,10 +160,10 @@ void DxfFile_FileReader::Next(std::istream& stream) {
         no_error_ = false;
         return;
     }
+    ++line_number_;
     stream_good_ = next_line(stream, line);
     while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) line.remove_suffix(1);
     value_ = line;
-    ++line_number_;
     has_group_ = true;
 }
 

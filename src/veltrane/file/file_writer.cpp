@@ -89,8 +89,7 @@ void DxfFile_FileWriter::WriteString(std::ostream& stream, int code, std::string
         return;
     }
     char* out = begin_group(stream, code, text.size());
-    std::memcpy(out, text.data(), text.size());
-    end_value(out + text.size());
+    end_value(std::copy(text.begin(), text.end(), out));  // the text may be null
 }
 
 void DxfFile_FileWriter::WriteText(std::ostream& stream, int code, const Text& text) {

@@ -1,10 +1,9 @@
 #include "veltrane/file/number_text.hpp"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
-#include <string>
 #include <system_error>
 
 namespace veltrane {
@@ -18,11 +17,17 @@ bool is_digit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// Too large and too small numbers are one error to from_chars; only the large ones are no numbers here.
-std::optional<double> out_of_range_real(std::string_view text) {
-    const double value = std::strtod(std::string(text).c_str(), nullptr);
-    if (std::isinf(value)) return std::nullopt;
-    return value;
+/// True when the first digit of a number that is not 0 stands before the point, the exponent applied.
+bool is_large(std::string_view number) {
+    const std::size_t e = std::min(number.find_first_of("eE"), number.size());
+    const auto point = static_cast<std::int64_t>(std::min(number.find('.'), e));
+    const auto first = static_cast<std::int64_t>(number.find_first_of("123456789"));
+    std::int64_t exponent = 0;
+    const bool negative = e + 1 < number.size() && number[e + 1] == '-';
+    for (std::size_t at = e + 1; at < number.size(); ++at) {
+        if (is_digit(number[at]) && exponent < INT32_MAX) exponent = exponent * 10 + (number[at] - '0');
+    }
+    return point - first + (negative ? -exponent : exponent) > 0;
 }
 
 }  // namespace
@@ -50,16 +55,21 @@ std::optional<double> real_of(std::string_view text) {
     const char* at = text.data();
     const char* const end = at + text.size();
     while (at != end && is_space(*at)) ++at;
-    if (at != end && *at == '+') ++at;
+    const bool negative = at != end && *at == '-';
+    const char* const first = at + (negative || (at != end && *at == '+'));
     // from_chars also takes "inf" and "nan", which no drawing means.
-    const char* first = at != end && *at == '-' ? at + 1 : at;
     if (first == end || (!is_digit(*first) && *first != '.')) return std::nullopt;
 
     double value = 0;
-    const auto result = std::from_chars(at, end, value);
-    if (result.ec == std::errc()) return value;
-    if (result.ec != std::errc::result_out_of_range) return std::nullopt;
-    return out_of_range_real({at, static_cast<std::size_t>(result.ptr - at)});
+    const auto result = std::from_chars(first, end, value);
+    // Too large and too small are one error to from_chars; only what is too large is no number here.
+    if (result.ec == std::errc::result_out_of_range) {
+        if (is_large({first, static_cast<std::size_t>(result.ptr - first)})) return std::nullopt;
+        value = 0;
+    } else if (result.ec != std::errc()) {
+        return std::nullopt;
+    }
+    return negative ? -value : value;
 }
 
 char* format_real(double value, char* out) {

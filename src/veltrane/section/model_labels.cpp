@@ -4,6 +4,7 @@
 #include "veltrane/section/model.hpp"
 #include "veltrane/section/tables.hpp"
 
+#include <algorithm>
 #include <charconv>
 #include <ostream>
 
@@ -32,10 +33,12 @@ std::string_view version_label(std::string_view version) {
 }
 
 std::string_view unit_label(std::string_view measurement) {
-    const std::size_t digits = measurement.find_first_not_of(' ');
+    const std::size_t digits = measurement.find_first_not_of(" \t");
     if (digits != std::string_view::npos) measurement.remove_prefix(digits);
     int value = -1;
-    std::from_chars(measurement.data(), measurement.data() + measurement.size(), value);
+    if (measurement.find('.') == std::string_view::npos) {  // a real is no unit
+        std::from_chars(measurement.data(), measurement.data() + measurement.size(), value);
+    }
     if (value == 0) return " : English i.e. INCH";
     if (value == 1) return " : Metric  i.e. MM";
     return " unknown, assumed Metric i.e. MM";
@@ -75,8 +78,8 @@ int DxfSection_Model::NextNumberForLabel(std::string_view label, int last, bool 
         }
         return record_name(record) == label;
     };
-    for (int number = std::max(last, 0) + 1; number <= NbEntities(); ++number) {
-        if (matches(Value(number).get())) return number;
+    for (int number = std::max(last, 0); number < NbEntities(); ++number) {
+        if (matches(Value(number + 1).get())) return number + 1;
     }
     return 0;
 }
