@@ -31,6 +31,15 @@ Ref<ExchangeModel> read(const std::string& file) {
     return model;
 }
 
+std::size_t problems(const ExchangeModel& model) {
+    std::size_t count = model.GlobalCheck().Fails().size() + model.GlobalCheck().Warnings().size();
+    for (int number = 1; number <= model.NbEntities(); ++number) {
+        if (const Check* check = model.CheckOf(number))
+            count += check->Fails().size() + check->Warnings().size();
+    }
+    return count;
+}
+
 bool write(const Ref<ExchangeModel>& model, const std::string& file) {
     WriteContext context{file, model, {}};
     const auto start = std::chrono::steady_clock::now();
@@ -54,7 +63,7 @@ int main(int count, char** words) {
         std::fprintf(stderr, "read_drawing: %s cannot be read\n", words[1]);
         return 1;
     }
-    std::printf("%d records\n", model->NbEntities());
+    std::printf("%d records, %zu fails and warnings\n", model->NbEntities(), problems(*model));
     if (writes && !write(model, words[3])) {
         std::fprintf(stderr, "read_drawing: %s cannot be written\n", words[3]);
         return 1;
