@@ -79,8 +79,9 @@ public:
     bool is_open() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
 
     std::string convert(std::string_view text) {
-        ::iconv(handle_, nullptr, nullptr, nullptr, nullptr);
         std::string result;
+        flush(result);
+        result.clear();                             // left over from a text that threw
         char* in = const_cast<char*>(text.data());  // iconv does not write to it
         std::size_t left = text.size();
         while (left > 0) {
@@ -89,17 +90,26 @@ public:
             std::size_t room = sizeof piece;
             const bool done = ::iconv(handle_, &in, &left, &out, &room) != static_cast<std::size_t>(-1);
             result.append(piece, out);
-            // Out of room: a piece was taken. Otherwise the next byte is wrong, or the text ends within a
-            // character.
-            if (done || out != piece || left == 0) continue;
+            if (done || out != piece) continue;  // out of room, or stopped before a byte to be looked at next
+            flush(result);
             result += kReplacement;
             ++in;
             --left;
         }
+        flush(result);
         return result;
     }
 
 private:
+    /// Some sets combine characters: the converter keeps one back until it knows what follows.
+    void flush(std::string& result) {
+        char piece[32];
+        char* out = piece;
+        std::size_t room = sizeof piece;
+        ::iconv(handle_, nullptr, nullptr, &out, &room);
+        result.append(piece, out);
+    }
+
     iconv_t handle_;
 };
 
