@@ -12,10 +12,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <limits>
-#include <regex>
 
 namespace veltrane {
 namespace {
@@ -89,9 +88,10 @@ TEST(Controller, ANewDrawingNamesItsProducer) {
     ASSERT_EQ(length(comment), 4);
     EXPECT_EQ(comment->Value(1).str(), std::string(44, '*'));
     EXPECT_EQ(comment->Value(2), "*** DXF file produced by Veltrane 7.6");
-    EXPECT_TRUE(std::regex_match(comment->Value(3).str(),
-                                 std::regex(R"(\*\*\* Date: \d{4}-\d\d-\d\dT\d\d:\d\d:\d\d)")))
-        << comment->Value(3);
+    std::string date = comment->Value(3).str();
+    std::replace_if(
+        date.begin(), date.end(), [](char c) { return c >= '0' && c <= '9'; }, '9');
+    EXPECT_EQ(date, "*** Date: 9999-99-99T99:99:99");
     EXPECT_EQ(comment->Value(4), comment->Value(1));
 }
 
