@@ -8,9 +8,9 @@
 #include "veltrane/kernel/geom/linear_extrusion.hpp"
 #include "veltrane/kernel/geom/plane.hpp"
 #include "veltrane/kernel/topo/explore.hpp"
+#include "veltrane/kernel/topo/hashing.hpp"
 
 #include <cmath>
-#include <functional>
 #include <limits>
 #include <unordered_map>
 #include <utility>
@@ -101,21 +101,6 @@ Box moved_box(const Box& box, const Vector& offset) {
     return box.is_empty() ? box : Box(box.min() + offset, box.max() + offset);
 }
 
-struct TurnedKey {
-    const Definition* definition;
-    Matrix3 rotation;
-    bool operator==(const TurnedKey&) const = default;
-};
-struct TurnedKeyHash {
-    std::size_t operator()(const TurnedKey& key) const noexcept {
-        std::size_t hash = std::hash<const void*>()(key.definition);
-        for (int i = 0; i < 9; ++i) {
-            hash = hash * 0x9e3779b97f4a7c15u + std::hash<double>()(key.rotation.data()[i] + 0.0);
-        }
-        return hash;
-    }
-};
-
 /// Boxes of nested compounds without recursion. Each compound is boxed as it is
 /// turned in the world, but about its own origin; its parent then moves the
 /// box.
@@ -147,7 +132,7 @@ private:
         Box box;
     };
 
-    static TurnedKey key(const Definition& definition, const Ref<const Placement>& turn) {
+    static SeenDefinition key(const Definition& definition, const Ref<const Placement>& turn) {
         return {&definition, turn ? turn->transform().rotation_part() : Matrix3(Matrix3::Identity())};
     }
 
@@ -190,7 +175,7 @@ private:
     }
 
     std::vector<Frame> stack_;
-    std::unordered_map<TurnedKey, Box, TurnedKeyHash> known_;
+    std::unordered_map<SeenDefinition, Box, SeenDefinitionHash> known_;
     std::size_t visited_ = 0;
 };
 

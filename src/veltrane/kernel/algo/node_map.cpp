@@ -1,8 +1,9 @@
 #include "veltrane/kernel/algo/node_map.hpp"
 
+#include "veltrane/kernel/topo/hashing.hpp"
+
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <limits>
 
 namespace veltrane::kernel {
@@ -16,10 +17,7 @@ constexpr double kCellInTolerances = 8;
 
 std::size_t NodeMap::CellHash::operator()(const Cell& cell) const noexcept {
     std::size_t hash = 0;
-    for (const double number : cell.at) {
-        hash = (hash ^ std::hash<double>()(number)) * 0x9e3779b97f4a7c15u;
-        hash ^= hash >> 29;
-    }
+    for (const double number : cell.at) hash = mixed(hash, number);
     return hash;
 }
 

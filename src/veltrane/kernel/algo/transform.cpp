@@ -4,10 +4,10 @@
 #include "veltrane/kernel/algo/transform.hpp"
 
 #include "veltrane/kernel/topo/definition.hpp"
+#include "veltrane/kernel/topo/hashing.hpp"
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <optional>
 #include <unordered_map>
 #include <utility>
@@ -88,23 +88,6 @@ Mapping::Below Mapping::below(const Ref<const Placement>& placement) const {
     return {Mapping(turned), make<Placement>(Transform::translation(offset))};
 }
 
-/// A definition seen under a map; the translation of the map is the same
-/// throughout one transformation.
-struct ImageKey {
-    const Definition* definition;
-    Matrix3 linear;
-    bool operator==(const ImageKey&) const = default;
-};
-struct ImageKeyHash {
-    std::size_t operator()(const ImageKey& key) const noexcept {
-        std::size_t hash = std::hash<const void*>()(key.definition);
-        for (int i = 0; i < 9; ++i) {
-            hash = hash * 0x9e3779b97f4a7c15u + std::hash<double>()(key.linear.data()[i] + 0.0);
-        }
-        return hash;
-    }
-};
-
 /// The image of a definition as an unplaced shape. Its orientation tells
 /// whether the image has to be turned.
 struct Image {
@@ -129,11 +112,13 @@ private:
     }
 
     const Image* known(const Ref<const Definition>& definition, const Mapping& mapping) const {
+        if (definition->use_count() == 1) return nullptr;
         const auto found = images_.find({definition.get(), mapping.linear_part()});
         return found == images_.end() ? nullptr : &found->second;
     }
     void remember(const Definition& definition, const Mapping& mapping, const Image& image) {
-        if (definition.use_count() > 1) images_.emplace(ImageKey{&definition, mapping.linear_part()}, image);
+        if (definition.use_count() > 1)
+            images_.emplace(SeenDefinition{&definition, mapping.linear_part()}, image);
     }
 
     /// A compound being rebuilt, and how its parent uses it.
@@ -268,7 +253,8 @@ private:
         return loop;
     }
 
-    std::unordered_map<ImageKey, Image, ImageKeyHash> images_;
+    /// The translation of the map is the same throughout one transformation, so the linear part will do.
+    std::unordered_map<SeenDefinition, Image, SeenDefinitionHash> images_;
 };
 
 }  // namespace

@@ -2,10 +2,10 @@
 #include "veltrane/kernel/topo/shape.hpp"
 
 #include "veltrane/kernel/math/error.hpp"
+#include "veltrane/kernel/topo/hashing.hpp"
 
 #include <array>
 #include <cmath>
-#include <functional>
 
 namespace veltrane::kernel {
 namespace {
@@ -23,19 +23,13 @@ Ref<const Placement> make_placement(const Transform& transform) {
     return make<Placement>(transform);
 }
 
-std::size_t mixed(std::size_t seed, std::size_t value) {
-    return seed ^ (value + 0x9e3779b97f4a7c15u + (seed << 6) + (seed >> 2));
-}
-
 /// Equal placements have equal hashes; the translation alone spreads them well
 /// enough.
 std::size_t hash_of(const Ref<const Placement>& placement) {
     if (!placement) return 0;
     std::size_t hash = 0;
     const Vector& translation = placement->transform().translation_part();
-    for (int axis = 0; axis < 3; ++axis) {
-        hash = mixed(hash, std::hash<double>()(translation[axis] + 0.0));
-    }
+    for (int axis = 0; axis < 3; ++axis) hash = mixed(hash, translation[axis]);
     return hash;
 }
 
@@ -84,7 +78,7 @@ std::size_t SameShapeHash::operator()(const Shape& shape) const noexcept {
 }
 
 std::size_t PartnerShapeHash::operator()(const Shape& shape) const noexcept {
-    return std::hash<Ref<const Definition>>()(shape.definition());
+    return mixed(0, reinterpret_cast<std::uintptr_t>(shape.definition().get()));
 }
 
 Shape located(const Shape& shape, const Transform& transform) {
