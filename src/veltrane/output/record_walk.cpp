@@ -1,0 +1,56 @@
+#include "veltrane/output/record_walk.hpp"
+
+#include "veltrane/section/handle_text.hpp"
+
+namespace veltrane {
+namespace {
+
+std::string class_name(const DxfSection_Object& record) {
+    std::string_view name = record.DynamicType().name();
+    const std::size_t prefix = name.find('_');
+    if (prefix != std::string_view::npos) name.remove_prefix(prefix + 1);
+    std::string result(name);
+    for (char& c : result) {
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    }
+    return result;
+}
+
+std::int32_t handle_among(const DxfSection_UnrecognizedObject& record) {
+    if (!record.Data) return 0;
+    for (const DxfSection_DxfGroup& group : *record.Data) {
+        if (group.Code == 5) return DxfSection::StringToHex(group.Value);
+        if (group.Code == 100 || group.Code >= 1000) break;
+    }
+    return 0;
+}
+
+}  // namespace
+
+void visit_entities(const DxfSection_Model& model,
+                    const std::function<void(const Ref<DxfSection_Object>&)>& visitor) {
+    const auto& root = model.DxfFile();
+    if (!root || !root->Sections) return;
+    for (const auto& top : *root->Sections) {
+        const auto* section = as<const DxfSection_Section>(top.get());
+        if (!section || !(section->Name == "ENTITIES") || !section->Objects) continue;
+        for (const auto& record : *section->Objects) {
+            if (record) visitor(record);
+        }
+    }
+}
+
+std::string type_name(const DxfSection_Object& record, const RecordNames& names) {
+    if (const auto* whole = as<const DxfSection_UnrecognizedObject>(&record)) return whole->Type.str();
+    std::string name = names ? names(record) : std::string();
+    return name.empty() ? class_name(record) : name;
+}
+
+std::string handle_label(const DxfSection_Object& record) {
+    std::int32_t handle = 0;
+    if (const auto* handled = as<const DxfSection_HandledObject>(&record)) handle = handled->Handle;
+    if (const auto* whole = as<const DxfSection_UnrecognizedObject>(&record)) handle = handle_among(*whole);
+    return handle > 0 ? "#" + DxfSection::HexToString(handle).str() : std::string();
+}
+
+}  // namespace veltrane
