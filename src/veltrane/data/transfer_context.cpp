@@ -136,6 +136,10 @@ void DxfData_TransferContext::SetGeometry(const Ref<Transient>& record,
     geometry_.set(any_model().get(), record, geometry ? std::move(geometry) : kNothing);
 }
 
+void DxfData_TransferContext::DropGeometry(const Ref<Transient>& record) {
+    geometry_.erase(any_model().get(), record.get());
+}
+
 int DxfData_TransferContext::GetSATVersion() const {
     switch (dxf_version_) {
         case 1015:

@@ -106,6 +106,8 @@ public:
     /// Geometry built before for a record: false when none was. What gave nothing is found as an empty list.
     bool FindGeometry(const Transient* record, Ref<DxfData_GeometrySequence>& geometry) const;
     void SetGeometry(const Ref<Transient>& record, Ref<DxfData_GeometrySequence> geometry);
+    /// Gives up the geometry of a record whose shape is bound: nobody needs it any more.
+    void DropGeometry(const Ref<Transient>& record);
 
     /// Import: what the translators of polyline meshes and faces note for each other. Export: the blocks
     /// made, under what they hold; their number names the next one.

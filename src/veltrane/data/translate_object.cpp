@@ -63,6 +63,7 @@ kernel::Shape DxfData_TranslateObject::MakeShape(DxfData_TransferContext& contex
             context.AddFail(record, "Shape is not created");
         } else {
             context.AddStatus(DxfData_Status::Done1);
+            context.DropGeometry(record);
         }
         context.SetTransferResult(record, shape);
     } catch (const kernel::KernelError&) {

@@ -32,6 +32,11 @@ public:
         if (number > listed_.size()) listed_.resize(number);
         listed_[number - 1] = std::move(value);
     }
+    void erase(const ExchangeModel* model, const Transient* record) {
+        const std::size_t number = number_in(model, record);
+        if (number > 0 && number <= listed_.size()) listed_[number - 1] = Value();
+        if (!others_.empty()) others_.erase(record);
+    }
     /// A default-made value when none was set.
     Value get(const ExchangeModel* model, const Transient* record) const {
         const std::size_t number = number_in(model, record);
