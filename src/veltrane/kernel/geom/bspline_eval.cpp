@@ -16,10 +16,18 @@ void step(std::span<const double> knots, int degree, int span, int level, double
     }
 }
 
-/// The old pole that has the same arguments, so that poles away from a change keep every bit.
-int same_pole(const FlatSpline& curve, int span, const double* arguments) {
+/// The old pole that has the same arguments, so that poles away from a change keep every bit; -1 if none
+/// has. Looked for at the same place from either end, too: poles beyond the range of an unclamped curve
+/// belong to no span of it.
+int same_pole(const FlatSpline& curve, int span, const double* arguments, int place, int place_from_end) {
+    const auto is_same = [&](int i) {
+        return i >= 0 && i < curve.count() &&
+               std::equal(arguments, arguments + curve.degree, curve.knots.begin() + i + 1);
+    };
+    if (is_same(place)) return place;
+    if (is_same(place_from_end)) return place_from_end;
     for (int i = span - curve.degree; i <= span; ++i) {
-        if (std::equal(arguments, arguments + curve.degree, curve.knots.begin() + i + 1)) return i;
+        if (is_same(i)) return i;
     }
     return -1;
 }
@@ -82,10 +90,11 @@ std::vector<HomogeneousPoint> refined_poles(const FlatSpline& curve, std::span<c
     const int degree = curve.degree;
     std::vector<HomogeneousPoint> poles(knots.size() - degree - 1);
     HomogeneousPoint local[kMaxDegree + 1];
-    for (std::size_t i = 0; i < poles.size(); ++i) {
+    const int added = static_cast<int>(poles.size()) - curve.count();
+    for (int i = 0; i < static_cast<int>(poles.size()); ++i) {
         const int span = find_span(curve.knots, degree, curve.count(), knots[i]);
         const double* arguments = knots.data() + i + 1;
-        const int same = same_pole(curve, span, arguments);
+        const int same = same_pole(curve, span, arguments, i, i - added);
         if (same >= 0) {
             poles[i] = curve.poles[same];
             continue;

@@ -1,6 +1,7 @@
 #include "veltrane/kernel/geom/bspline_knots.hpp"
 
 #include "veltrane/kernel/geom/bspline_eval.hpp"
+#include "veltrane/kernel/math/box.hpp"
 #include "veltrane/kernel/math/error.hpp"
 
 #include <Eigen/QR>
@@ -70,12 +71,13 @@ BSplineData with_multiplicity(const BSplineData& data, int index, int multiplici
     return result;
 }
 
-/// Poles of a periodic curve for the finer knots of `target`.
-std::vector<HomogeneousPoint> refined_periodic(const FlatSpline& source, const BSplineData& target,
+/// `count` poles of a periodic curve for the finer knots of `target`.
+std::vector<HomogeneousPoint> refined_periodic(const BSplineData& source, const BSplineData& target,
                                                int count) {
-    const std::vector<HomogeneousPoint> refined = refined_poles(source, flat_knots(target));
+    // The first `degree` poles reach back before the seam and the last ones beyond it: a second turn of
+    // the source gives each of them its span, and the first ones are taken from their repetitions.
+    const std::vector<HomogeneousPoint> refined = refined_poles(write_out(source, 2), flat_knots(target));
     std::vector<HomogeneousPoint> poles(count);
-    // The first `degree` poles reach back before the range; their repetitions do not.
     for (int i = target.degree; i < target.degree + count; ++i) poles[i % count] = refined[i];
     return poles;
 }
@@ -102,7 +104,7 @@ bool remove_copy_by_fit(BSplineData& data, int index, double tolerance) {
     Eigen::MatrixXd insertion(count, count - 1);
     for (int column = 0; column < count - 1; ++column) {
         lower.poles[column].x() = 1;
-        const auto response = refined_periodic(write_out(lower), data, count);
+        const auto response = refined_periodic(lower, data, count);
         for (int row = 0; row < count; ++row) insertion(row, column) = response[row][0];
         lower.poles[column].x() = 0;
     }
@@ -161,6 +163,33 @@ void drop_idle_poles(BSplineData& data, int index) {
     data.multiplicities[index] = data.degree + 1;
 }
 
+/// Whether the poles may become one: closer than the tolerance, and their weights so close that the
+/// curve, which feels a weight by the extent of the neighbouring poles, does not move farther.
+bool ends_meet(const BSplineData& data, int before, int after, double tolerance) {
+    const Point& end = data.poles[before];
+    if (!(distance(end, data.poles[after]) <= tolerance)) return false;
+    if (data.weights.empty()) return true;
+    double extent = 0;
+    const int last = std::min(after + data.degree, static_cast<int>(data.poles.size()) - 1);
+    for (int i = std::max(before - data.degree, 0); i <= before; ++i) {
+        extent = std::max(extent, distance(end, data.poles[i]));
+    }
+    for (int i = after; i <= last; ++i) extent = std::max(extent, distance(end, data.poles[i]));
+    const double a = data.weights[before], b = data.weights[after];
+    return std::abs(a - b) * extent <= tolerance * std::min(a, b) + 1e-12 * extent * std::min(a, b);
+}
+
+/// Homogeneous poles depend on the origin, and the tolerance that they allow shrinks with the distance
+/// from it. So rational curves are brought to the origin before a removal.
+Vector centring(BSplineData& data) {
+    if (data.weights.empty()) return Vector::Zero();
+    Box box;
+    for (const Point& pole : data.poles) box.add(pole);
+    const Vector centre = box.centre();
+    for (Point& pole : data.poles) pole -= centre;
+    return centre;
+}
+
 }  // namespace
 
 void insert_knot(BSplineData& data, double t, int multiplicity) {
@@ -185,9 +214,8 @@ void insert_knot(BSplineData& data, double t, int multiplicity) {
     }
     const int count = static_cast<int>(data.poles.size()) + added;
     finer.poles.resize(count, Point::Zero());
-    const FlatSpline source = write_out(data);
-    set_homogeneous(finer, data.periodic ? refined_periodic(source, finer, count)
-                                         : refined_poles(source, flat_knots(finer)));
+    set_homogeneous(finer, data.periodic ? refined_periodic(data, finer, count)
+                                         : refined_poles(write_out(data), flat_knots(finer)));
     data = std::move(finer);
 }
 
@@ -207,11 +235,15 @@ bool remove_knot(BSplineData& data, int index, int multiplicity, double toleranc
     }
     BSplineData lower = data;
     if (data.multiplicities[index] > data.degree + 1) drop_idle_poles(lower, index);
-    const double limit = homogeneous_tolerance(data, tolerance);
+    const Vector centre = centring(lower);
+    const double limit = homogeneous_tolerance(lower, tolerance);
     for (int left = lower.multiplicities[index] - multiplicity; left > 0; --left) {
         const bool done =
             data.periodic ? remove_copy_periodic(lower, index, limit) : remove_copy_open(lower, index, limit);
         if (!done) return false;
+    }
+    if (!lower.weights.empty()) {
+        for (Point& pole : lower.poles) pole += centre;
     }
     data = std::move(lower);
     return true;
@@ -225,7 +257,6 @@ Ref<BSplineCurve> without_knot(const BSplineCurve& curve, int index, int multipl
 
 bool lower_excess_knots(BSplineData& data, double tolerance) {
     validate(data, true);
-    const double limit = homogeneous_tolerance(data, tolerance);
     const std::vector<HomogeneousPoint> old = homogeneous_poles(data);
     std::vector<HomogeneousPoint> poles;
     std::vector<int> multiplicities = data.multiplicities;
@@ -235,11 +266,10 @@ bool lower_excess_knots(BSplineData& data, double tolerance) {
         const int copies = multiplicities[i];
         if (copies > data.degree) {
             // The last pole of the piece before the knot and the first one after it become one.
-            const HomogeneousPoint& before = old[place - 1];
-            const HomogeneousPoint& after = old[place + copies - data.degree - 1];
-            if (!((before - after).norm() <= limit)) return false;
+            const int before = place - 1, after = place + copies - data.degree - 1;
+            if (!ends_meet(data, before, after, tolerance)) return false;
             poles.insert(poles.end(), old.begin() + taken, old.begin() + place);
-            poles.back() = (before + after) / 2;
+            poles.back() = (old[before] + old[after]) / 2;
             taken = place + copies - data.degree;
             multiplicities[i] = data.degree;
         }

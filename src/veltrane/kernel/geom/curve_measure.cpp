@@ -58,7 +58,7 @@ std::vector<double> slow_places(const BSplineCurve& curve, const Interval& piece
 }
 
 double bspline_length(const BSplineCurve& curve, const Interval& interval) {
-    constexpr int kFewPieces = 12, kManyPieces = 200;
+    constexpr int kFewPieces = 12, kManyPieces = 400;
     const std::vector<double> ends = curve.breaks(interval);
     double sum = 0;
     for (std::size_t i = 0; i + 1 < ends.size(); ++i) {
@@ -67,9 +67,10 @@ double bspline_length(const BSplineCurve& curve, const Interval& interval) {
         double part = speed_integral(curve, piece, kFewPieces, &error);
         if (error > kRelative * part) {
             const std::vector<double> places = slow_places(curve, piece);
+            const int share = std::max(kFewPieces, kManyPieces / static_cast<int>(places.size()));
             part = 0;
             for (std::size_t j = 0; j + 1 < places.size(); ++j) {
-                part += speed_integral(curve, {places[j], places[j + 1]}, kManyPieces, &error);
+                part += speed_integral(curve, {places[j], places[j + 1]}, share, &error);
             }
         }
         sum += part;

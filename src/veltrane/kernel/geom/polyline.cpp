@@ -19,16 +19,19 @@ double distance_to_segment(const Point& p, const Point& a, const Point& b) {
     return distance(p, a + share * along);
 }
 
-/// Whether the chord over the piece may stand for the curve.
+/// Whether the chord over the piece may stand for the curve. What has shrunk to a point is flat, whatever
+/// its tangent does: cusps turn it at once.
 bool is_flat(const Curve& curve, const Interval& piece, const Deflection& deflection, int samples) {
     const CurveDerivatives a = curve.derivatives(piece.first), b = curve.derivatives(piece.last);
-    if (angle_between(a.first, b.first) > deflection.angle) return false;
+    bool turns = angle_between(a.first, b.first) > deflection.angle;
+    double extent = distance(a.point, b.point);
     for (int i = 1; i <= samples; ++i) {
         const CurveDerivatives d = curve.derivatives(piece.at(static_cast<double>(i) / (samples + 1)));
         if (distance_to_segment(d.point, a.point, b.point) > deflection.chord) return false;
-        if (angle_between(a.first, d.first) > deflection.angle) return false;
+        turns = turns || angle_between(a.first, d.first) > deflection.angle;
+        extent = std::max(extent, distance(a.point, d.point));
     }
-    return true;
+    return !turns || extent <= kConfusion;
 }
 
 /// Equal steps, as many as the chord's height and the angle ask for.

@@ -16,7 +16,7 @@ Interval within_period(double first, double last, double period) {
     if (!(span > period && span <= period + little)) {
         span = std::fmod(span, period);
         if (span < 0) span += period;
-        if (span <= little) span = period;
+        if (span <= little || span >= period - little) span = period;
     }
     return {first, first + std::min(span, period)};
 }
