@@ -29,7 +29,7 @@ FileProbe probe_file(const std::string& name) {
     stream->read(start.data(), static_cast<std::streamsize>(start.size()));
     start.resize(static_cast<std::size_t>(stream->gcount()));
     if (stream->bad()) {
-        probe.problem = "cannot be read";
+        probe.problem = name + " cannot be read";
     } else if (start.empty()) {
         probe.content = FileContent::Empty;
         probe.problem = "is empty";

@@ -15,7 +15,9 @@ enum class FileContent {
 struct FileProbe {
     FileContent content = FileContent::Unreadable;
     char delimiter = '\n';  ///< the character that ends a line
-    std::string problem;    ///< why the file cannot be read as a drawing; empty for Text
+    /// Why the file cannot be read as a drawing: for Unreadable with the file's name, otherwise to be put
+    /// after it; empty for Text.
+    std::string problem;
 };
 
 /// `name` is taken as UTF-8.

@@ -60,7 +60,8 @@ int DxfFile_WorkLibrary::ReadFile(const std::string& name, Ref<ExchangeModel>& m
 
     const FileProbe probe = probe_file(name);
     if (probe.content == FileContent::Unreadable || probe.content == FileContent::BinaryDxf) {
-        default_message_channel()->Send(name + " " + probe.problem, Gravity::Fail);
+        const bool named = probe.content == FileContent::Unreadable;
+        default_message_channel()->Send((named ? "" : name + " ") + probe.problem, Gravity::Fail);
         return 1;
     }
     const auto stream = open_input_file(name);
