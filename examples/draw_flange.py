@@ -172,8 +172,10 @@ def view_from_above(d):
     d.line("AXES", (0, -RIM - 12), (0, RIM + 12))
     d.point("AXES", (0, 0))
 
-    # A plug hole drilled into the rim: a circle that faces the rim, drawn inwards.
-    d.circle("HIDDEN", (0, THICKNESS / 2, RIM), 3.5, -18, direction=(1, 0, 0))
+    # A plug hole drilled into the rim: two half circles that face the rim, drawn inwards. Seen from above, the
+    # places where they meet are its sides.
+    for start in (0, 180):
+        d.arc("HIDDEN", (0, THICKNESS / 2, RIM), 3.5, start, start + 180, -18, direction=(1, 0, 0))
     oil_groove(d)
 
 
@@ -210,12 +212,13 @@ def section(d):
             d.line("HOLES", (left, side * y), (plate - 4, side * y))
         for y in (BOLT_CIRCLE - COUNTERBORE, BOLT_CIRCLE + COUNTERBORE):
             d.line("HOLES", (plate - 4, side * y), (plate, side * y))
-        d.line("HOLES", (plate - 4, side * (BOLT_CIRCLE - COUNTERBORE)), (plate - 4, side * (BOLT_CIRCLE + COUNTERBORE)))
+        d.line("HOLES", (plate - 4, side * (BOLT_CIRCLE - COUNTERBORE)),
+               (plate - 4, side * (BOLT_CIRCLE + COUNTERBORE)))
         d.line("AXES", (left - 8, side * BOLT_CIRCLE), (plate + 8, side * BOLT_CIRCLE))
 
     # The pipe is broken off; its end is drawn by hand.
-    d.spline("SECTION", [(end, pipe), (end + 6, pipe - 12), (end - 7, 10), (end + 5, -8), (end - 6, 8 - pipe), (end, -pipe)],
-             [0, 0, 0, 0, 1, 2, 3, 3, 3, 3], flags=8)
+    broken = [(end, pipe), (end + 6, pipe - 12), (end - 7, 10), (end + 5, -8), (end - 6, 8 - pipe), (end, -pipe)]
+    d.spline("SECTION", broken, [0, 0, 0, 0, 1, 2, 3, 3, 3, 3], flags=8)
     # A drain bored at an angle: whole where it enters, hidden where it leaves.
     d.ellipse("HOLES", (face + 22, 12), (0, 6), 0.6)
     d.ellipse("HIDDEN", (face + 29, -12), (0, 6), 0.6, start=math.pi / 2, end=2 * math.pi)
@@ -224,8 +227,8 @@ def section(d):
 def main():
     d = Drawing()
     d.put(999, "A flange, drawn by examples/draw_flange.py", 0, "SECTION", 2, "HEADER", 9, "$ACADVER", 1, "AC1015",
-          9, "$DWGCODEPAGE", 3, "ANSI_1252", 9, "$EXTMIN", 10, -87.0, 20, -87.0, 30, 0.0,
-          9, "$EXTMAX", 10, 196.0, 20, 87.0, 30, 18.0, 9, "$LTSCALE", 40, 1.0, 9, "$INSUNITS", 70, 4,
+          9, "$DWGCODEPAGE", 3, "ANSI_1252", 9, "$EXTMIN", 10, -75.0, 20, -87.0, 30, 0.0,
+          9, "$EXTMAX", 10, 193.0, 20, 87.0, 30, 18.0, 9, "$LTSCALE", 40, 1.0, 9, "$INSUNITS", 70, 4,
           9, "$HANDSEED", 5, "1000", 0, "ENDSEC")
     d.tables()
     d.put(0, "SECTION", 2, "ENTITIES")

@@ -1,5 +1,6 @@
-# Installs the build into a folder of its own, then builds and runs main.cpp twice: found by CMake, and found by
-# pkg-config. Run by ctest as `cmake -DBUILD=... -DSOURCE=... -DWORK=... -DLIBDIR=... -DCXX=... -DFLAGS=... -P`.
+# Installs the build into a folder of its own, then builds and runs the programs of this folder twice: with the CMake
+# package, and with pkg-config. Run by ctest as `cmake -DBUILD=... -DSOURCE=... -DWORK=... -DLIBDIR=... -DCXX=...
+# -DFLAGS=... -DPICTURES=... -DDRAWING=... -P installed_library.cmake`.
 
 set(prefix "${WORK}/prefix")
 file(REMOVE_RECURSE "${WORK}")
@@ -15,24 +16,45 @@ function(run what)
     endif()
 endfunction()
 
-function(expect_greeting program)
-    run("running ${program}" COMMAND "${program}" OUTPUT said)
-    if(NOT said STREQUAL "installed and running\n")
-        message(FATAL_ERROR "${program} said: ${said}")
+# Runs the two programs in `folder` on the drawing.
+function(try_programs folder)
+    run("${folder}/program" COMMAND "${folder}/program" "${DRAWING}" OUTPUT shapes)
+    if(NOT shapes MATCHES "compound.*face cylinder.*edge circle")
+        message(FATAL_ERROR "${folder}/program said: ${shapes}")
     endif()
+    if(PICTURES)
+        run("${folder}/picture" COMMAND "${folder}/picture" "${DRAWING}" "${folder}/picture.svg")
+        file(READ "${folder}/picture.svg" picture)
+        if(NOT picture MATCHES "<svg.*</svg>")
+            message(FATAL_ERROR "${folder}/picture made no picture")
+        endif()
+    endif()
+endfunction()
+
+function(build_with_pkg_config source library)
+    run("asking pkg-config" COMMAND pkg-config --cflags --libs ${library} OUTPUT library_flags)
+    separate_arguments(library_flags UNIX_COMMAND "${library_flags}")
+    separate_arguments(flags UNIX_COMMAND "${FLAGS}")
+    cmake_path(GET source STEM name)
+    if(name STREQUAL "main")
+        set(name program)
+    endif()
+    run("building ${source} with pkg-config" COMMAND "${CXX}" -std=c++20 ${flags} "${SOURCE}/${source}"
+        ${library_flags} "-Wl,-rpath,${prefix}/${LIBDIR}" -o "${WORK}/pkg-config/${name}")
 endfunction()
 
 run("installing" COMMAND "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${prefix}")
 
 run("configuring with the CMake package" COMMAND "${CMAKE_COMMAND}" -S "${SOURCE}" -B "${WORK}/cmake"
-    "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX}" "-DCMAKE_CXX_FLAGS=${FLAGS}")
+    "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX}" "-DCMAKE_CXX_FLAGS=${FLAGS}"
+    "-DPICTURES=${PICTURES}")
 run("building with the CMake package" COMMAND "${CMAKE_COMMAND}" --build "${WORK}/cmake")
-expect_greeting("${WORK}/cmake/program")
+try_programs("${WORK}/cmake")
 
 set(ENV{PKG_CONFIG_PATH} "${prefix}/${LIBDIR}/pkgconfig")
-run("asking pkg-config" COMMAND pkg-config --cflags --libs veltrane_dxf OUTPUT library_flags)
-separate_arguments(library_flags UNIX_COMMAND "${library_flags}")
-separate_arguments(FLAGS UNIX_COMMAND "${FLAGS}")
-run("building with pkg-config" COMMAND "${CXX}" -std=c++20 ${FLAGS} "${SOURCE}/main.cpp" ${library_flags}
-    "-Wl,-rpath,${prefix}/${LIBDIR}" -o "${WORK}/program")
-expect_greeting("${WORK}/program")
+file(MAKE_DIRECTORY "${WORK}/pkg-config")
+build_with_pkg_config(main.cpp veltrane_dxf)
+if(PICTURES)
+    build_with_pkg_config(picture.cpp veltrane_output)
+endif()
+try_programs("${WORK}/pkg-config")
