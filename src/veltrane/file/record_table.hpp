@@ -50,7 +50,19 @@ enum class Omit : std::uint8_t {
 
 /// A pointer to a field of any record class, held as one of the common root.
 union Field {
-    double Transient::*real = nullptr;
+    Field() : real(nullptr) {}
+    Field(double Transient::*member) : real(member) {}
+    Field(std::int32_t Transient::*member) : integer(member) {}
+    Field(Text Transient::*member) : text(member) {}
+    Field(kernel::Point Transient::*member) : point(member) {}
+    Field(kernel::Point2 Transient::*member) : point2(member) {}
+    Field(Ref<Sequence<double>> Transient::*member) : reals(member) {}
+    Field(Ref<Sequence<kernel::Point>> Transient::*member) : points(member) {}
+    Field(Ref<Sequence<Text>> Transient::*member) : texts(member) {}
+    Field(Ref<DxfSection_BinData> Transient::*member) : bin_data(member) {}
+    Field(Ref<DxfSection_HSequenceOfDxfGroup> Transient::*member) : groups(member) {}
+
+    double Transient::*real;
     std::int32_t Transient::*integer;
     Text Transient::*text;
     kernel::Point Transient::*point;
@@ -129,91 +141,63 @@ inline Row row(int code, ValueKind kind, const char* label) {
     return result;
 }
 
-template <class Record>
-Row real(int code, const char* label, double Record::*field) {
-    Row result = row(code, ValueKind::Real, label);
-    result.field.real = static_cast<double Transient::*>(field);
-    return result;
-}
-
-template <class Record>
-Row integer_kind(int code, ValueKind kind, const char* label, std::int32_t Record::*field) {
+/// A row whose value is a field of the record.
+template <class Record, class Value>
+Row field(int code, ValueKind kind, const char* label, Value Record::*member) {
     Row result = row(code, kind, label);
-    result.field.integer = static_cast<std::int32_t Transient::*>(field);
+    result.field = Field(static_cast<Value Transient::*>(member));
     return result;
 }
-template <class Record>
-Row integer(int code, const char* label, std::int32_t Record::*field) {
-    return integer_kind(code, ValueKind::Integer, label, field);
-}
-template <class Record>
-Row handle(int code, const char* label, std::int32_t Record::*field) {
-    return integer_kind(code, ValueKind::Handle, label, field);
-}
 
+template <class Record>
+Row real(int code, const char* label, double Record::*member) {
+    return field(code, ValueKind::Real, label, member);
+}
+template <class Record>
+Row integer(int code, const char* label, std::int32_t Record::*member) {
+    return field(code, ValueKind::Integer, label, member);
+}
+template <class Record>
+Row handle(int code, const char* label, std::int32_t Record::*member) {
+    return field(code, ValueKind::Handle, label, member);
+}
 /// A text; never written when it is not set.
 template <class Record>
-Row string(int code, const char* label, Text Record::*field) {
-    Row result = row(code, ValueKind::String, label);
-    result.field.text = static_cast<Text Transient::*>(field);
-    return result;
-}
-
-template <class Record>
-Row point_kind(int code, ValueKind kind, const char* label, kernel::Point Record::*field) {
-    Row result = row(code, kind, label);
-    result.field.point = static_cast<kernel::Point Transient::*>(field);
-    return result;
+Row string(int code, const char* label, Text Record::*member) {
+    return field(code, ValueKind::String, label, member);
 }
 template <class Record>
-Row point(int code, const char* label, kernel::Point Record::*field) {
-    return point_kind(code, ValueKind::Point, label, field);
+Row point(int code, const char* label, kernel::Point Record::*member) {
+    return field(code, ValueKind::Point, label, member);
 }
 template <class Record>
-Row coordinates(int code, const char* label, kernel::Point Record::*field) {
-    return point_kind(code, ValueKind::Coordinates, label, field);
+Row coordinates(int code, const char* label, kernel::Point Record::*member) {
+    return field(code, ValueKind::Coordinates, label, member);
 }
-
 template <class Record>
-Row point2(int code, const char* label, kernel::Point2 Record::*field) {
-    Row result = row(code, ValueKind::Point2, label);
-    result.field.point2 = static_cast<kernel::Point2 Transient::*>(field);
-    return result;
+Row point2(int code, const char* label, kernel::Point2 Record::*member) {
+    return field(code, ValueKind::Point2, label, member);
 }
-
 template <class Record>
-Row reals(int code, const char* label, Ref<Sequence<double>> Record::*field) {
-    Row result = row(code, ValueKind::Reals, label);
-    result.field.reals = static_cast<Ref<Sequence<double>> Transient::*>(field);
-    return result;
+Row reals(int code, const char* label, Ref<Sequence<double>> Record::*member) {
+    return field(code, ValueKind::Reals, label, member);
 }
-
 template <class Record>
-Row points(int code, const char* label, Ref<Sequence<kernel::Point>> Record::*field) {
-    Row result = row(code, ValueKind::Points, label);
-    result.field.points = static_cast<Ref<Sequence<kernel::Point>> Transient::*>(field);
-    return result;
+Row points(int code, const char* label, Ref<Sequence<kernel::Point>> Record::*member) {
+    return field(code, ValueKind::Points, label, member);
 }
-
 template <class Record>
-Row strings(int code, const char* label, Ref<Sequence<Text>> Record::*field) {
-    Row result = row(code, ValueKind::Strings, label);
-    result.field.texts = static_cast<Ref<Sequence<Text>> Transient::*>(field);
-    return result;
+Row strings(int code, const char* label, Ref<Sequence<Text>> Record::*member) {
+    return field(code, ValueKind::Strings, label, member);
 }
-
 template <class Record>
-Row bin_data(int code, const char* label, Ref<DxfSection_BinData> Record::*field) {
-    Row result = row(code, ValueKind::BinData, label);
-    result.field.bin_data = static_cast<Ref<DxfSection_BinData> Transient::*>(field);
-    return result;
+Row bin_data(int code, const char* label, Ref<DxfSection_BinData> Record::*member) {
+    return field(code, ValueKind::BinData, label, member);
 }
-
+/// Every group without a row of its own.
 template <class Record>
-Row groups(const char* label, Ref<DxfSection_HSequenceOfDxfGroup> Record::*field) {
-    Row result = row(-1, ValueKind::Groups, label);
-    result.field.groups = static_cast<Ref<DxfSection_HSequenceOfDxfGroup> Transient::*>(field);
-    return result;
+Row groups(const char* label, Ref<DxfSection_HSequenceOfDxfGroup> Record::*member) {
+    return field(-1, ValueKind::Groups, label, member);
 }
 
 /// A subclass marker, dumped under `label`.

@@ -64,6 +64,23 @@ const RecordTable& entry_head() {
     return record_table<DxfSection_TabEntry>();
 }
 
+/// What a view or a viewport knows of its user coordinate system.
+template <class Record>
+std::vector<Row> ucs_rows() {
+    return {point(110, "UCSOrigin", &Record::UCSOrigin).unless_undefined(),
+            point(111, "UCSXAxis", &Record::UCSXAxis).unless_undefined(),
+            point(112, "UCSYAxis", &Record::UCSYAxis).unless_undefined(),
+            integer(79, "UCSOrthoType", &Record::UCSOrthoType),
+            real(146, "UCSElevation", &Record::UCSElevation),
+            handle(345, "NameID", &Record::NameID),
+            handle(346, "UCSID", &Record::UCSID)};
+}
+
+std::vector<Row> joined(std::vector<Row> rows, const std::vector<Row>& more) {
+    rows.insert(rows.end(), more.begin(), more.end());
+    return rows;
+}
+
 }  // namespace
 
 template <>
@@ -184,30 +201,18 @@ const RecordTable& record_table<DxfSection_UCS>() {
 template <>
 const RecordTable& record_table<DxfSection_View>() {
     using Record = DxfSection_View;
-    static const RecordTable table("DxfSection_View",
-                                   {base(entry_head()),
-                                    marker("AcDbViewTableRecord", kEntryMarker),
-                                    string(2, "Name", &Record::Name),
-                                    integer(70, "Flag", &Record::Flag),
-                                    real(40, "Height", &Record::Height),
-                                    point2(10, "CenterPoint", &Record::CenterPoint),
-                                    real(41, "Width", &Record::Width),
-                                    point(11, "DirFromTarget", &Record::DirFromTarget),
-                                    point(12, "TargetPoint", &Record::TargetPoint),
-                                    real(42, "LensLength", &Record::LensLength),
-                                    real(43, "FrontClipPlane", &Record::FrontClipPlane),
-                                    real(44, "BackClipPlane", &Record::BackClipPlane),
-                                    real(50, "Twist", &Record::Twist),
-                                    integer(71, "ViewMode", &Record::ViewMode),
-                                    integer(281, "RenderMode", &Record::RenderMode),
-                                    integer(72, "IsUCSAssociated", &Record::IsUCSAssociated),
-                                    point(110, "UCSOrigin", &Record::UCSOrigin).unless_undefined(),
-                                    point(111, "UCSXAxis", &Record::UCSXAxis).unless_undefined(),
-                                    point(112, "UCSYAxis", &Record::UCSYAxis).unless_undefined(),
-                                    integer(79, "UCSOrthoType", &Record::UCSOrthoType),
-                                    real(146, "UCSElevation", &Record::UCSElevation),
-                                    handle(345, "NameID", &Record::NameID),
-                                    handle(346, "UCSID", &Record::UCSID)});
+    static const RecordTable table(
+        "DxfSection_View",
+        joined({base(entry_head()), marker("AcDbViewTableRecord", kEntryMarker),
+                string(2, "Name", &Record::Name), integer(70, "Flag", &Record::Flag),
+                real(40, "Height", &Record::Height), point2(10, "CenterPoint", &Record::CenterPoint),
+                real(41, "Width", &Record::Width), point(11, "DirFromTarget", &Record::DirFromTarget),
+                point(12, "TargetPoint", &Record::TargetPoint), real(42, "LensLength", &Record::LensLength),
+                real(43, "FrontClipPlane", &Record::FrontClipPlane),
+                real(44, "BackClipPlane", &Record::BackClipPlane), real(50, "Twist", &Record::Twist),
+                integer(71, "ViewMode", &Record::ViewMode), integer(281, "RenderMode", &Record::RenderMode),
+                integer(72, "IsUCSAssociated", &Record::IsUCSAssociated)},
+               ucs_rows<Record>()));
     return table;
 }
 
@@ -215,42 +220,36 @@ template <>
 const RecordTable& record_table<DxfSection_VPort>() {
     using Record = DxfSection_VPort;
     static const RecordTable table("DxfSection_VPort",
-                                   {base(entry_head()),
-                                    marker("AcDbViewportTableRecord", kEntryMarker),
-                                    string(2, "Name", &Record::Name),
-                                    integer(70, "Flag", &Record::Flag),
-                                    point2(10, "LowerLeftCorner", &Record::LowerLeftCorner),
-                                    point2(11, "UpperRightCorner", &Record::UpperRightCorner),
-                                    point2(12, "ViewCenterPoint", &Record::ViewCenterPoint),
-                                    point2(13, "SnapBasePoint", &Record::SnapBasePoint),
-                                    point2(14, "SnapSpacing", &Record::SnapSpacing),
-                                    point2(15, "GridSpacing", &Record::GridSpacing),
-                                    point(16, "ViewDirection", &Record::ViewDirection),
-                                    point(17, "ViewTargetPoint", &Record::ViewTargetPoint),
-                                    real(40, "ViewHeight", &Record::ViewHeight),
-                                    real(41, "AspectRatio", &Record::AspectRatio),
-                                    real(42, "LensLength", &Record::LensLength),
-                                    real(43, "FrontClipPlane", &Record::FrontClipPlane),
-                                    real(44, "BackClipPlane", &Record::BackClipPlane),
-                                    real(50, "SnapRotAngle", &Record::SnapRotAngle),
-                                    real(51, "TwistAngle", &Record::TwistAngle),
-                                    integer(71, "ViewMode", &Record::ViewMode),
-                                    integer(72, "CircleZoomPercent", &Record::CircleZoomPercent),
-                                    integer(73, "FastZoomSetting", &Record::FastZoomSetting),
-                                    integer(74, "UCSIconSetting", &Record::UCSIconSetting),
-                                    integer(75, "SnapOnOff", &Record::SnapOnOff),
-                                    integer(76, "GridOnOff", &Record::GridOnOff),
-                                    integer(77, "SnapStyle", &Record::SnapStyle),
-                                    integer(78, "SnapIsoPair", &Record::SnapIsoPair),
-                                    integer(281, "RenderMode", &Record::RenderMode),
-                                    integer(65, "UCSVPValue", &Record::UCSVPValue),
-                                    point(110, "UCSOrigin", &Record::UCSOrigin).unless_undefined(),
-                                    point(111, "UCSXAxis", &Record::UCSXAxis).unless_undefined(),
-                                    point(112, "UCSYAxis", &Record::UCSYAxis).unless_undefined(),
-                                    integer(79, "UCSOrthoType", &Record::UCSOrthoType),
-                                    real(146, "UCSElevation", &Record::UCSElevation),
-                                    handle(345, "NameID", &Record::NameID),
-                                    handle(346, "UCSID", &Record::UCSID)});
+                                   joined({base(entry_head()),
+                                           marker("AcDbViewportTableRecord", kEntryMarker),
+                                           string(2, "Name", &Record::Name),
+                                           integer(70, "Flag", &Record::Flag),
+                                           point2(10, "LowerLeftCorner", &Record::LowerLeftCorner),
+                                           point2(11, "UpperRightCorner", &Record::UpperRightCorner),
+                                           point2(12, "ViewCenterPoint", &Record::ViewCenterPoint),
+                                           point2(13, "SnapBasePoint", &Record::SnapBasePoint),
+                                           point2(14, "SnapSpacing", &Record::SnapSpacing),
+                                           point2(15, "GridSpacing", &Record::GridSpacing),
+                                           point(16, "ViewDirection", &Record::ViewDirection),
+                                           point(17, "ViewTargetPoint", &Record::ViewTargetPoint),
+                                           real(40, "ViewHeight", &Record::ViewHeight),
+                                           real(41, "AspectRatio", &Record::AspectRatio),
+                                           real(42, "LensLength", &Record::LensLength),
+                                           real(43, "FrontClipPlane", &Record::FrontClipPlane),
+                                           real(44, "BackClipPlane", &Record::BackClipPlane),
+                                           real(50, "SnapRotAngle", &Record::SnapRotAngle),
+                                           real(51, "TwistAngle", &Record::TwistAngle),
+                                           integer(71, "ViewMode", &Record::ViewMode),
+                                           integer(72, "CircleZoomPercent", &Record::CircleZoomPercent),
+                                           integer(73, "FastZoomSetting", &Record::FastZoomSetting),
+                                           integer(74, "UCSIconSetting", &Record::UCSIconSetting),
+                                           integer(75, "SnapOnOff", &Record::SnapOnOff),
+                                           integer(76, "GridOnOff", &Record::GridOnOff),
+                                           integer(77, "SnapStyle", &Record::SnapStyle),
+                                           integer(78, "SnapIsoPair", &Record::SnapIsoPair),
+                                           integer(281, "RenderMode", &Record::RenderMode),
+                                           integer(65, "UCSVPValue", &Record::UCSVPValue)},
+                                          ucs_rows<Record>()));
     return table;
 }
 
