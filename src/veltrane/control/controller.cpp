@@ -7,6 +7,7 @@
 #include "veltrane/exchange/parameters.hpp"
 #include "veltrane/file/dxf_file.hpp"
 #include "veltrane/file/work_library.hpp"
+#include "veltrane/sat/dxf_sat.hpp"
 #include "veltrane/section/model.hpp"
 
 #include <mutex>
@@ -20,12 +21,7 @@ constexpr const char* kRule = "********************************************";
 constexpr const char* kProducer = "*** DXF file produced by Veltrane 7.6";
 
 void register_scale_parameter() {
-    constexpr const char* kName = "read.dxf.insunits.scale";
-    if (!StaticParameters::Register("dxf", kName, 'e', "")) return;
-    for (const char* part : {"enum 0", "eval Off", "eval On"}) {
-        StaticParameters::Register("dxf", kName, '&', part);
-    }
-    StaticParameters::SetInteger(kName, 1);
+    StaticParameters::RegisterEnumeration("dxf", "read.dxf.insunits.scale", 0, {"Off", "On"}, "On");
 }
 
 }  // namespace
@@ -47,6 +43,7 @@ void DxfControl_Controller::Init() {
         controller->Record(controller->LongName());
         controller->Record(controller->ShortName());
         DxfData::Init();
+        DxfSat::Init();
     });
 }
 

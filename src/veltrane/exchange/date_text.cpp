@@ -6,8 +6,8 @@ namespace veltrane {
 
 std::string date_text(const char* format, const std::tm& date) {
     char text[128];
-    std::snprintf(text, sizeof text, format, date.tm_year + 1900, date.tm_mon + 1, date.tm_mday,
-                  date.tm_hour, date.tm_min, date.tm_sec);
+    std::snprintf(text, sizeof text, format, date.tm_year + 1900, date.tm_mon + 1, date.tm_mday, date.tm_hour,
+                  date.tm_min, date.tm_sec);
     return text;
 }
 

@@ -129,6 +129,15 @@ bool StaticParameters::Register(std::string_view family, std::string_view name, 
     return true;
 }
 
+bool StaticParameters::RegisterEnumeration(std::string_view family, std::string_view name, int first,
+                                           std::initializer_list<std::string_view> values,
+                                           std::string_view initial) {
+    if (!Register(family, name, 'e', "")) return false;
+    Register(family, name, '&', "enum " + std::to_string(first));
+    for (std::string_view value : values) Register(family, name, '&', "eval " + std::string(value));
+    return SetText(name, initial).empty();
+}
+
 bool StaticParameters::IsKnown(std::string_view name) {
     Table& table = Table::instance();
     const std::shared_lock lock(table.mutex);

@@ -1,6 +1,7 @@
 // The process-wide table of named, typed parameters that configure reading and writing.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +31,10 @@ public:
     /// default from the first value it is set to. False when the registration makes no sense: a name
     /// that is known already (its value then stays), an unknown type, an initial value of another type.
     static bool Register(std::string_view family, std::string_view name, char type, std::string_view initial);
+    /// The same in one call for an enumeration whose values count up from `first`. False when the name is
+    /// known already.
+    static bool RegisterEnumeration(std::string_view family, std::string_view name, int first,
+                                    std::initializer_list<std::string_view> values, std::string_view initial);
     static bool IsKnown(std::string_view name);
 
     /// Setting returns nothing on success, otherwise a sentence that tells what would be legal; the

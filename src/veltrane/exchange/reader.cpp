@@ -1,6 +1,5 @@
 #include "veltrane/exchange/reader.hpp"
 
-#include "veltrane/exchange/file_stream.hpp"
 #include "veltrane/exchange/shape_binder.hpp"
 #include "veltrane/kernel/algo/build.hpp"
 
@@ -34,12 +33,10 @@ ExchangeStatus ExchangeReader::ReadFile(const std::string& name) {
     forget();
     const Ref<ExchangeController>& controller = session_->Controller();
     if (!controller || !controller->WorkLibrary()) return ExchangeStatus::Void;
-    if (!open_input_file(name, &problem_)) return ExchangeStatus::Error;
-
     Ref<ExchangeModel> model;
-    const int status = controller->WorkLibrary()->ReadFile(name, model, controller->Protocol());
+    const int status = controller->WorkLibrary()->ReadFile(name, model, controller->Protocol(), &problem_);
     if (status != 0 || !model) {
-        problem_ = "cannot read " + name;
+        if (problem_.empty()) problem_ = "cannot read " + name;
         return ExchangeStatus::Error;
     }
     session_->SetModel(std::move(model));

@@ -22,9 +22,9 @@ public:
 
     /// Reads a file. A given model of the norm is cleared and read into; otherwise a new one is handed
     /// back in `model`. Returns 0 when the file was read, with its problems in the model's checks, and 1
-    /// when it could not be opened or read at all.
+    /// when it could not be opened or read at all: `problem`, if given, then tells why.
     virtual int ReadFile(const std::string& name, Ref<ExchangeModel>& model,
-                         const Ref<ExchangeProtocol>& protocol) const = 0;
+                         const Ref<ExchangeProtocol>& protocol, std::string* problem = nullptr) const = 0;
     /// True when the whole model was written.
     virtual bool WriteFile(WriteContext& context) const = 0;
     /// True when `copy` now holds a copy of `original`.

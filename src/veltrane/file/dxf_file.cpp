@@ -7,9 +7,7 @@
 #include "veltrane/file/structure.hpp"
 #include "veltrane/file/tables.hpp"
 
-#include <initializer_list>
 #include <mutex>
-#include <string>
 
 namespace veltrane {
 
@@ -48,27 +46,18 @@ void register_records() {
     register_record<DxfEnt_XLine>("XLINE");
 }
 
-void register_enumeration(const char* name, int first, std::initializer_list<const char*> values,
-                          const char* initial) {
-    StaticParameters::Register(kCommonFamily, name, 'e', "");
-    StaticParameters::Register(kCommonFamily, name, '&', "enum " + std::to_string(first));
-    for (const char* value : values) {
-        StaticParameters::Register(kCommonFamily, name, '&', std::string("eval ") + value);
-    }
-    StaticParameters::SetText(name, initial);
-}
-
 void register_parameters() {
     StaticParameters::Register(kCommonFamily, "write.dxf.deflection.factor", 'r', "0.05");
-    register_enumeration("read.dxf.anonymous.blocks", 0, {"Off", "On"}, "On");
-    register_enumeration("write.dxf.version", 11,
-                         {"Undef", "R12", "R13", "R14", "R2000", "R2004", "R2007", "R2010"}, "R14");
+    StaticParameters::RegisterEnumeration(kCommonFamily, "read.dxf.anonymous.blocks", 0, {"Off", "On"}, "On");
+    StaticParameters::RegisterEnumeration(kCommonFamily, "write.dxf.version", 11,
+                                          {"Undef", "R12", "R13", "R14", "R2000", "R2004", "R2007", "R2010"},
+                                          "R14");
     StaticParameters::Register(kCommonFamily, "write.dxf.resource.name", 't', "DXF");
     StaticParameters::Register(kCommonFamily, "read.dxf.resource.name", 't', "DXF");
     StaticParameters::Register(kCommonFamily, "write.dxf.sequence", 't', "ToDXF");
     StaticParameters::Register(kCommonFamily, "read.dxf.sequence", 't', "FromDXF");
-    register_enumeration("read.dxf.textentities", 0, {"Off", "On"}, "Off");
-    register_enumeration("read.dxf.hatchentities", 0, {"Off", "On"}, "Off");
+    StaticParameters::RegisterEnumeration(kCommonFamily, "read.dxf.textentities", 0, {"Off", "On"}, "Off");
+    StaticParameters::RegisterEnumeration(kCommonFamily, "read.dxf.hatchentities", 0, {"Off", "On"}, "Off");
 }
 
 Ref<DxfFile_Protocol>& protocol() {

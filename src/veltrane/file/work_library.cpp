@@ -1,7 +1,6 @@
 #include "veltrane/file/work_library.hpp"
 
 #include "veltrane/exchange/file_stream.hpp"
-#include "veltrane/exchange/message_channel.hpp"
 #include "veltrane/exchange/parameters.hpp"
 #include "veltrane/file/common.hpp"
 #include "veltrane/file/file_probe.hpp"
@@ -50,7 +49,7 @@ DxfFile_WorkLibrary::DxfFile_WorkLibrary() {
 }
 
 int DxfFile_WorkLibrary::ReadFile(const std::string& name, Ref<ExchangeModel>& model,
-                                  const Ref<ExchangeProtocol>& /*protocol*/) const {
+                                  const Ref<ExchangeProtocol>& /*protocol*/, std::string* problem) const {
     Ref<DxfSection_Model> drawing = as<DxfSection_Model>(model);
     if (drawing) {
         drawing->Clear();
@@ -59,13 +58,13 @@ int DxfFile_WorkLibrary::ReadFile(const std::string& name, Ref<ExchangeModel>& m
     }
 
     const FileProbe probe = probe_file(name);
-    if (probe.content == FileContent::Unreadable || probe.content == FileContent::BinaryDxf) {
-        const bool named = probe.content == FileContent::Unreadable;
-        default_message_channel()->Send((named ? "" : name + " ") + probe.problem, Gravity::Fail);
+    std::string reason = probe.content == FileContent::BinaryDxf ? name + " " + probe.problem : "";
+    if (probe.content == FileContent::Unreadable) reason = probe.problem;
+    const auto stream = reason.empty() ? open_input_file(name, &reason) : nullptr;
+    if (!stream) {
+        if (problem) *problem = reason;
         return 1;
     }
-    const auto stream = open_input_file(name);
-    if (!stream || !stream->good()) return 1;
 
     DxfFile_FileReader reader(drawing);
     reader.SetDelimiter(probe.delimiter);
