@@ -90,7 +90,7 @@ TEST(Model, Variables) {
     EXPECT_EQ(point->Value->Value(1).Value, "2.5");
     EXPECT_EQ(point->Value->Value(2).Value, "0");
     EXPECT_EQ(model->SetVariable("$INSUNITS", 70, -4)->Value->Value(1).Value, "-4");
-    EXPECT_EQ(model->SetVariable("$EMPTY", 1, std::string_view())->Value->Value(1).Value, "");
+    EXPECT_EQ(model->SetVariable("$EMPTY", 1, "")->Value->Value(1).Value, "");
     EXPECT_EQ(model->FindVariable("ACADVER", false), nullptr);
     EXPECT_EQ(model->FindSection("HEADER", false)->Variables->Length(), 4);
 }
