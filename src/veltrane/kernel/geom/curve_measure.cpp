@@ -15,79 +15,87 @@ namespace veltrane::kernel {
 
 namespace {
 
-constexpr double kRelative = 1e-13;
+constexpr double kRelative = 1e-12;
 
-/// Numerators of the derivative of a rational Bezier piece per axis: A' w - A w' (or A' when w is 1).
-std::array<Bernstein, 3> slope_numerators(const std::vector<HomogeneousPoint>& poles, bool rational) {
-    const std::size_t count = poles.size();
-    Bernstein w(count);
-    for (std::size_t i = 0; i < count; ++i) w[i] = poles[i][3];
-    const Bernstein w_slope = derivative(w);
-    std::array<Bernstein, 3> result;
+/// The derivative of a Bezier piece A / w by u: (A' w - A w') / w^2 per axis.
+struct Hodograph {
+    std::array<Bernstein, 3> numerators;
+    Bernstein weight;  ///< empty when not rational
+
+    double speed(double u) const {
+        const Vector v(evaluate(numerators[0], u), evaluate(numerators[1], u), evaluate(numerators[2], u));
+        if (weight.empty()) return v.norm();
+        const double w = evaluate(weight, u);
+        return v.norm() / (w * w);
+    }
+};
+
+Hodograph hodograph(const BSplineCurve& curve, const Interval& piece) {
+    const std::vector<HomogeneousPoint> poles = bezier_poles(curve, piece.first, piece.last);
+    Hodograph result;
+    Bernstein w_slope;
+    if (curve.is_rational()) {
+        for (const HomogeneousPoint& pole : poles) result.weight.push_back(pole[3]);
+        w_slope = derivative(result.weight);
+    }
+    // About the first pole, so that a far origin costs no digits.
+    const Point origin = poles.front().head<3>() / poles.front()[3];
     for (int axis = 0; axis < 3; ++axis) {
-        Bernstein a(count);
-        for (std::size_t i = 0; i < count; ++i) a[i] = poles[i][axis];
-        result[axis] = derivative(a);
-        if (rational) result[axis] = add(multiply(result[axis], w), multiply(a, w_slope), -1);
+        Bernstein a;
+        for (const HomogeneousPoint& pole : poles) a.push_back(pole[axis] - pole[3] * origin[axis]);
+        Bernstein& slope = result.numerators[axis] = derivative(a);
+        if (curve.is_rational()) slope = add(multiply(slope, result.weight), multiply(a, w_slope), -1);
     }
     return result;
 }
 
-double speed_integral(const Curve& curve, const Interval& piece, int max_pieces, double* error) {
-    const auto speed = [&](double t) { return curve.derivatives(t).first.norm(); };
-    const Integral integral = integrate(speed, piece, kRelative, max_pieces);
-    *error = integral.error;
-    return integral.value;
-}
-
 /// Places where the speed is least. At a cusp it has a kink, which quadrature must not straddle.
-std::vector<double> slow_places(const BSplineCurve& curve, const Interval& piece) {
-    const auto slopes = slope_numerators(bezier_poles(curve, piece.first, piece.last), curve.is_rational());
+std::vector<double> slow_places(const Hodograph& slopes) {
     Bernstein square;
-    for (const Bernstein& slope : slopes) {
+    for (const Bernstein& slope : slopes.numerators) {
         const Bernstein product = multiply(slope, slope);
         square = square.empty() ? product : add(square, product);
     }
-    std::vector<double> places{piece.first};
+    std::vector<double> places{0};
     for (const double u : roots(derivative(square))) {
-        const double t = piece.at(u);
-        if (t > places.back() && t < piece.last) places.push_back(t);
+        if (u > places.back() && u < 1) places.push_back(u);
     }
-    places.push_back(piece.last);
+    places.push_back(1);
     return places;
 }
 
-double bspline_length(const BSplineCurve& curve, const Interval& interval) {
+double piece_length(const Hodograph& slopes) {
     constexpr int kFewPieces = 12, kManyPieces = 400;
+    const auto speed = [&](double u) { return slopes.speed(u); };
+    const Integral whole = integrate(speed, {0, 1}, kRelative, kFewPieces);
+    if (whole.error <= kRelative * whole.value) return whole.value;
+    const std::vector<double> places = slow_places(slopes);
+    const int share = std::max(kFewPieces, kManyPieces / static_cast<int>(places.size()));
+    double sum = 0;
+    for (std::size_t i = 0; i + 1 < places.size(); ++i) {
+        sum += integrate(speed, {places[i], places[i + 1]}, kRelative, share).value;
+    }
+    return sum;
+}
+
+double bspline_length(const BSplineCurve& curve, const Interval& interval) {
     const std::vector<double> ends = curve.breaks(interval);
     double sum = 0;
-    for (std::size_t i = 0; i + 1 < ends.size(); ++i) {
-        const Interval piece{ends[i], ends[i + 1]};
-        double error = 0;
-        double part = speed_integral(curve, piece, kFewPieces, &error);
-        if (error > kRelative * part) {
-            const std::vector<double> places = slow_places(curve, piece);
-            const int share = std::max(kFewPieces, kManyPieces / static_cast<int>(places.size()));
-            part = 0;
-            for (std::size_t j = 0; j + 1 < places.size(); ++j) {
-                part += speed_integral(curve, {places[j], places[j + 1]}, share, &error);
-            }
-        }
-        sum += part;
-    }
+    for (std::size_t i = 0; i + 1 < ends.size(); ++i)
+        sum += piece_length(hodograph(curve, {ends[i], ends[i + 1]}));
     return sum;
 }
 
 /// Between the ends of the axes the integrand is monotone, and a flat ellipse is slow only at the ends.
 double ellipse_length(const Ellipse& ellipse, const Interval& interval) {
     constexpr double kQuarter = std::numbers::pi / 2;
+    const auto speed = [&](double t) { return ellipse.derivatives(t).first.norm(); };
     double sum = 0;
-    double error = 0;
     double from = interval.first;
     const double turns = std::floor(from / kQuarter);
     for (int i = 1; i <= 6 && from < interval.last; ++i) {
         const double to = i == 6 ? interval.last : std::min((turns + i) * kQuarter, interval.last);
-        if (to > from) sum += speed_integral(ellipse, {from, to}, 200, &error);
+        if (to > from) sum += integrate(speed, {from, to}, kRelative, 200).value;
         from = std::max(from, to);
     }
     return sum;
@@ -137,11 +145,11 @@ Box bspline_box(const BSplineCurve& curve, const Interval& interval) {
         const std::vector<HomogeneousPoint> poles = bezier_poles(curve, ends[i], ends[i + 1]);
         Box hull;
         for (const HomogeneousPoint& pole : poles) hull.add(Point(pole.head<3>() / pole[3]));
-        std::array<Bernstein, 3> slopes;
+        Hodograph slopes;
         for (int axis = 0; axis < 3; ++axis) {
             if (hull.min()[axis] >= box.min()[axis] && hull.max()[axis] <= box.max()[axis]) continue;
-            if (slopes[0].empty()) slopes = slope_numerators(poles, curve.is_rational());
-            for (const double u : roots(slopes[axis])) {
+            if (slopes.numerators[0].empty()) slopes = hodograph(curve, {ends[i], ends[i + 1]});
+            for (const double u : roots(slopes.numerators[axis])) {
                 box.add(curve.value(Interval{ends[i], ends[i + 1]}.at(u)));
             }
         }
