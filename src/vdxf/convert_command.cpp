@@ -1,0 +1,246 @@
+#include "vdxf/convert_command.hpp"
+
+#include "vdxf/conversion.hpp"
+#include "vdxf/drawing_text.hpp"
+#include "vdxf/message_summary.hpp"
+#include "vdxf/suggest.hpp"
+#include "veltrane/exchange/parameters.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+#include <filesystem>
+#include <memory>
+#include <utility>
+
+namespace veltrane::tool {
+
+namespace {
+
+constexpr const char* kVersionParameter = "write.dxf.version";
+
+enum class Target { Dxf, Svg, Pdf, Png, Text };
+
+constexpr std::pair<const char*, Target> kTargets[] = {{"dxf", Target::Dxf},
+                                                       {"svg", Target::Svg},
+                                                       {"pdf", Target::Pdf},
+                                                       {"png", Target::Png},
+                                                       {"txt", Target::Text}};
+
+struct ConvertOptions {
+    CommonOptions common;
+    std::string input;
+    std::string output;
+    std::string target;  ///< empty: the output's extension tells
+    std::string dxf_version;
+    std::string view = "plan";
+    std::string ground = "white";
+    int pixels = PictureOptions().pixels;
+    bool strict = false;
+};
+
+const std::vector<std::string>& views() {
+    static const std::vector<std::string> names = {"plan", "bottom", "front", "back", "left", "right", "iso"};
+    return names;
+}
+
+std::vector<std::string> target_names() {
+    std::vector<std::string> names;
+    for (const auto& [name, target] : kTargets) names.emplace_back(name);
+    return names;
+}
+
+const Target* find_target(std::string_view name) {
+    for (const auto& [known, target] : kTargets) {
+        if (name == known) return &target;
+    }
+    return nullptr;
+}
+
+Target target_of(const ConvertOptions& options) {
+    if (!options.target.empty()) return *find_target(options.target);  // checked with the arguments
+    std::string extension = std::filesystem::path(options.output).extension().string();
+    if (!extension.empty()) extension.erase(0, 1);
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    if (const Target* target = find_target(extension)) return *target;
+    const std::vector<std::string> known = target_names();
+    throw Failure(ExitCode::WrongUsage,
+                  fmt::format("{} has {}. What is written is told by the extension, one of {}, or by --to.{}",
+                              options.output,
+                              extension.empty() ? "no extension" : "the unknown extension ." + extension,
+                              list_of(known), extension.empty() ? "" : did_you_mean(extension, known)));
+}
+
+// Views
+
+/// "1,-1,0.5": three finite numbers, not all zero.
+std::optional<kernel::Vector> direction_in(std::string_view text) {
+    kernel::Vector direction(0, 0, 0);
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    for (int axis = 0; axis < 3; ++axis) {
+        if (axis > 0 && (at == end || *at++ != ',')) return std::nullopt;
+        const auto result = std::from_chars(at, end, direction[axis]);
+        if (result.ec != std::errc() || !std::isfinite(direction[axis])) return std::nullopt;
+        at = result.ptr;
+    }
+    if (at != end || direction.norm() == 0 || !std::isfinite(direction.norm())) return std::nullopt;
+    return direction;
+}
+
+std::string check_view(const std::string& text) {
+    if (standard_view(text) || direction_in(text)) return {};
+    return fmt::format("\"{}\" is neither one of {} nor a direction to the eye like 1,-1,0.5.{}", text,
+                       list_of(views()), did_you_mean(text, views()));
+}
+
+View view_of(const std::string& text) {
+    if (const auto known = standard_view(text)) return View(*known);
+    return View(*direction_in(text));
+}
+
+PictureOptions picture_options(const ConvertOptions& options, Target target) {
+    PictureOptions picture;
+    picture.format = target == Target::Svg   ? PictureFormat::Svg
+                     : target == Target::Pdf ? PictureFormat::Pdf
+                                             : PictureFormat::Png;
+    picture.view = view_of(options.view);
+    picture.ground = options.ground == "black" ? Ground::Black : Ground::White;
+    picture.pixels = options.pixels;
+    return picture;
+}
+
+/// Options that would have no effect are mistakes that the user wants to know of.
+void check_options(const CLI::App& parser, Target target) {
+    const bool is_picture = target == Target::Svg || target == Target::Pdf || target == Target::Png;
+    const auto refuse = [&](const char* option, const char* use) {
+        if (parser.count(option) > 0) {
+            throw Failure(ExitCode::WrongUsage, fmt::format("{} is for {}.", option, use));
+        }
+    };
+    if (target != Target::Dxf) refuse("--dxf-version", "DXF files");
+    if (!is_picture) refuse("--view", "pictures (svg, pdf, png)");
+    if (!is_picture) refuse("--ground", "pictures (svg, pdf, png)");
+    if (target != Target::Png) refuse("--size", "png pictures; svg and pdf are of true size");
+}
+
+/// A drawing keeps its version unless the user asks for another.
+void set_version(const ConvertOptions& options) {
+    if (!options.dxf_version.empty()) {
+        StaticParameters::SetText(kVersionParameter, options.dxf_version);
+    } else if (!options.common.sets(kVersionParameter)) {
+        StaticParameters::SetText(kVersionParameter, "Undef");
+    }
+}
+
+ConversionAccount convert(const ConvertOptions& options, Target target, Drawing& drawing,
+                          const Console& console) {
+    switch (target) {
+        case Target::Dxf:
+            set_version(options);
+            return rewrite(drawing, options.output,
+                           options.strict || options.common.json || !options.common.quiet);
+        case Target::Text:
+            return dump_shapes(drawing, options.output, console);
+        default:
+            return draw(drawing, picture_options(options, target), options.output, console);
+    }
+}
+
+void tell_messages(Drawing& drawing, const Console& console) {
+    if (console.detail() != Detail::Verbose) return;
+    const DrawingText text(drawing.model());
+    const auto tell = [&](const PlacedMessage& message) { console.remark(line_of(message, text)); };
+    visit_messages(drawing.model(), tell);
+    visit_messages(drawing.model(), *drawing.reader().Process(), tell);
+}
+
+ExitCode run_convert(const ConvertOptions& options, const CLI::App& parser, Console& console) {
+    using Json = nlohmann::ordered_json;
+    const Target target = target_of(options);
+    check_options(parser, target);
+    Drawing drawing(options.input, console);
+    ConversionAccount account = convert(options, target, drawing, console);
+    tell_messages(drawing, console);
+
+    if (options.common.json) {
+        Json json = {{"input", options.input},
+                     {"output", options.output},
+                     {"format", kTargets[static_cast<std::size_t>(target)].first},
+                     {"lossless", !account.is_lossy}};
+        json.update(account.json);
+        console.out() << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    } else {
+        console.note(options.input + " -> " + options.output + "\n" + account.text);
+    }
+    if (!options.strict || !account.is_lossy) return ExitCode::Done;
+    complain("Something was lost (--strict).");
+    return ExitCode::Lost;
+}
+
+std::vector<std::string> version_names() {
+    for (const ParameterInfo& info : StaticParameters::List()) {
+        if (info.name == kVersionParameter) return info.value_names;
+    }
+    return {};
+}
+
+void add_options(CLI::App& parser, ConvertOptions& options) {
+    parser.add_option("IN", options.input, "The drawing, an ASCII DXF file")->required()->type_name("");
+    parser.add_option("OUT", options.output, "What to write: .dxf, .svg, .pdf, .png or .txt (shape dump)")
+        ->required()
+        ->type_name("");
+    parser.add_option("--to", options.target, "What to write when the extension of OUT does not tell")
+        ->check(one_of(target_names()))
+        ->type_name("FORMAT");
+    parser
+        .add_option("--dxf-version", options.dxf_version,
+                    "DXF: another version than the drawing's own, R12 to R2010; sets write.dxf.version")
+        ->check(one_of(version_names()))
+        ->type_name("VERSION");
+    parser
+        .add_option("--view", options.view,
+                    "Picture: " + list_of(views()) + ", or a direction to the eye as X,Y,Z")
+        ->check(CLI::Validator([](std::string& text) { return check_view(text); }, ""))
+        ->type_name("VIEW")
+        ->capture_default_str();
+    parser.add_option("--ground", options.ground, "Picture: white or black")
+        ->check(one_of({"white", "black"}))
+        ->type_name("COLOUR")
+        ->capture_default_str();
+    parser
+        .add_option("--size", options.pixels,
+                    fmt::format("PNG: pixels of the longer side, {} to {}", kSmallestPixels, kLargestPixels))
+        ->check(integer_in(kSmallestPixels, kLargestPixels))
+        ->type_name("PIXELS")
+        ->capture_default_str();
+    parser.add_flag("--strict", options.strict, "Exit with 4 when anything of the drawing was lost");
+}
+
+}  // namespace
+
+Command declare_convert(CLI::App& application) {
+    const auto options = std::make_shared<ConvertOptions>();
+    CLI::App* parser = application.add_subcommand(
+        "convert", "Write a drawing as DXF, as a picture or as a dump of its shapes");
+    add_options(*parser, *options);
+    add_common_options(*parser, options->common);
+    parser->footer(
+        "SVG and PDF are of true size. OUT appears whole or not at all.\n"
+        "What became of the records is told on standard error, or as JSON on standard output.\n\n"
+        "Examples:\n"
+        "  vdxf convert plan.dxf plan.svg\n"
+        "  vdxf convert part.dxf part.png --view iso --ground black --size 2000\n"
+        "  vdxf convert new.dxf old.dxf --dxf-version R12 --strict\n"
+        "  vdxf convert plan.dxf /dev/stdout --to svg -q | rsvg-convert > plan.png\n"
+        "  vdxf convert --json plan.dxf plan.txt | jq '.types'");
+    return {parser, [options]() -> const CommonOptions& { return options->common; },
+            [options, parser](Console& console) { return run_convert(*options, *parser, console); }};
+}
+
+}  // namespace veltrane::tool
