@@ -13,13 +13,14 @@ build = cmake --build --preset $(PRESET) --parallel $(JOBS)
 everything = -DVELTRANE_BUILD_TESTS=ON -DVELTRANE_BUILD_BENCH=ON
 library_and_tool = -DVELTRANE_BUILD_TESTS=OFF -DVELTRANE_BUILD_BENCH=OFF
 
-.PHONY: help demo test bench install format sanitize clean
+.PHONY: help demo test bench install format sanitize fuzz clean
 .DEFAULT_GOAL := help
 
 help:
 	@echo 'make demo       build the tool and convert a drawing into pictures, a DXF file and a shape dump'
 	@echo 'make test       build everything and run all tests     (SAMPLES=folder of real drawings)'
 	@echo 'make sanitize   the same under the address and undefined-behaviour sanitizers'
+	@echo 'make fuzz       feed the readers with damaged drawings      (SECONDS=60)'
 	@echo 'make bench      measure reading and writing            (SIZES="10 100", in MB)'
 	@echo 'make install    install library and tool               (PREFIX=$(PREFIX), DESTDIR=)'
 	@echo 'make format     format the sources'
@@ -34,6 +35,15 @@ test:
 
 sanitize:
 	$(MAKE) test PRESET=sanitize
+
+# Finds are kept in build/fuzz/corpus; a crash leaves the bytes that caused it in build/fuzz.
+fuzz:
+	$(packages) build fuzz
+	cmake --preset fuzz
+	cmake --build --preset fuzz --parallel $(JOBS)
+	mkdir -p build/fuzz/corpus
+	build/fuzz/fuzz/fuzz_read_drawing -max_total_time=$(or $(SECONDS),60) -max_len=30000 -timeout=20 \
+	    -artifact_prefix=build/fuzz/ build/fuzz/corpus examples
 
 demo:
 	$(packages) build
