@@ -90,15 +90,6 @@ bool close_up(kernel::BSplineData& data, std::size_t flat_count) {
     return sum == data.poles.size();
 }
 
-/// Lowers interior knots to the degree; false when the curve would not stay what it is.
-bool lower_interior_knots(kernel::BSplineData& data) {
-    for (std::size_t i = 1; i + 1 < data.knots.size(); ++i) {
-        if (data.multiplicities[i] <= data.degree) continue;
-        if (!kernel::remove_knot(data, static_cast<int>(i), data.degree, kKnotRemoval)) return false;
-    }
-    return true;
-}
-
 }  // namespace
 
 Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::MakeGeometry(DxfData_TransferContext& context,
@@ -215,7 +206,7 @@ Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::MakeSpline(const DxfEnt_Sp
         data.weights = spline.Weights->items();
         if (data.weights.size() > data.poles.size()) data.weights.resize(data.poles.size());
     }
-    if (!lower_interior_knots(data)) return nullptr;
+    if (!kernel::lower_excess_knots(data, kKnotRemoval)) return nullptr;
 
     auto curve = make<kernel::BSplineCurve>(std::move(data));
     if ((spline.SplineFlag & kPeriodicFlag) && !curve->is_periodic()) {
