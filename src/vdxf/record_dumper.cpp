@@ -43,9 +43,9 @@ public:
 
     /// The fields as lines of text.
     std::string fields_of(const DxfSection_Object& record, Contents contents) {
-        buffer_.str({});
+        buffer_.seekp(0);  // over the last ones, so that their memory serves again
         DxfFile_RWObject::Dump(buffer_, record, contents == Contents::Counted ? 0 : level_ - kFields);
-        return text_.lines(buffer_.view());
+        return text_.lines(buffer_.view().substr(0, static_cast<std::size_t>(buffer_.tellp())));
     }
 
 private:

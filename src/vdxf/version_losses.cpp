@@ -21,12 +21,12 @@ namespace veltrane::tool {
 
 namespace {
 
-constexpr const char* kNewest = "AC1032";
-constexpr const char* kOldest = "AC1009";
+constexpr const char* kOthers[] = {"AC1032", "AC1009"};  // the newest and the oldest
 
-using Groups = std::vector<std::pair<int, std::string>>;
+using Groups = std::vector<std::pair<int, std::string_view>>;
 
-/// The groups of a written record, sorted. Group 0 and markers are the format's, not the record's.
+/// The groups of a written record, sorted, as views of the text. Group 0 and markers are the format's, not
+/// the record's.
 Groups groups_in(std::string_view text) {
     Groups groups;
     while (!text.empty()) {
@@ -55,11 +55,12 @@ class RecordWriter {
 public:
     explicit RecordWriter(std::string_view version) : model_(model_of(version)), writer_(model_) {}
 
+    /// Valid until the next call.
     std::string_view write(const DxfSection_Object& record) {
-        stream_.str({});
+        stream_.seekp(0);  // over the last one, so that its memory serves again
         writer_.WriteObject(stream_, record);
         writer_.Flush(stream_);
-        return stream_.view();
+        return stream_.view().substr(0, static_cast<std::size_t>(stream_.tellp()));
     }
 
 private:
@@ -79,17 +80,15 @@ public:
     explicit Comparison(const DxfSection_Model& model)
         : model_(model),
           own_(model.GetVariableString("$ACADVER")),
-          others_{RecordWriter(kNewest), RecordWriter(kOldest)} {}
+          others_{RecordWriter(kOthers[0]), RecordWriter(kOthers[1])} {}
 
     void compare(const DxfSection_Object& record) {
         const std::string_view own = own_.write(record);
         for (std::size_t i = 0; i < others_.size(); ++i) {
             const std::string_view other = others_[i].write(record);
             if (other == own) continue;
-            const Groups extra =
-                without(groups_in(other), groups_in(own));  // before the buffer is used again
-            const Groups missing = without(extra, fresh(record, i));
-            for (const auto& [code, value] : missing) count(record, code);
+            const Groups missing = without(groups_in(other), groups_in(own));
+            for (const auto& [code, value] : without(missing, fresh(record, i))) count(record, code);
         }
     }
     std::vector<Loss> take() {
@@ -99,16 +98,24 @@ public:
     }
 
 private:
+    struct Fresh {
+        std::string text;
+        Groups groups;
+    };
+
     /// What a record of this type writes when nothing was read into it.
     const Groups& fresh(const DxfSection_Object& record, std::size_t version) {
         const auto [place, is_new] = fresh_.try_emplace({&record.DynamicType(), version});
+        Fresh& fresh = place->second;
         const auto* registrator = DxfFile_ObjectRegistrator::Find(record.DynamicType());
         if (is_new && registrator) {
             std::istringstream nothing("  0\nEOF\n");
             DxfFile_FileReader reader(make<DxfSection_Model>());
-            place->second = groups_in(others_[version].write(*registrator->Read(nothing, reader)));
+            // A writer of its own: what the others have written is being compared.
+            fresh.text = RecordWriter(kOthers[version]).write(*registrator->Read(nothing, reader));
+            fresh.groups = groups_in(fresh.text);
         }
-        return place->second;
+        return fresh.groups;
     }
 
     void count(const DxfSection_Object& record, int code) {
@@ -121,7 +128,7 @@ private:
     const DxfSection_Model& model_;
     RecordWriter own_;
     std::array<RecordWriter, 2> others_;
-    std::map<std::pair<const Type*, std::size_t>, Groups> fresh_;
+    std::map<std::pair<const Type*, std::size_t>, Fresh> fresh_;
     std::map<std::pair<std::string, int>, Loss> losses_;
 };
 
