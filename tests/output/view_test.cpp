@@ -107,7 +107,7 @@ TEST(PictureArea, FitsWhatIsBounded) {
          {kernel::prism(segment, {0, 0, 10})},
          StandardView::Isometric,
          {-4 / sqrt2, 0},
-         {1 / sqrt2, 0}},
+         {-1 / sqrt2, 0}},
         {"nested compounds",
          {kernel::make_compound({kernel::make_compound({segment}), kernel::make_compound({})})},
          StandardView::Top,

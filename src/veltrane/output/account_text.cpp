@@ -66,21 +66,42 @@ std::string lost_text(const Account& account, std::size_t examples) {
     return text;
 }
 
+/// A list of items after a title, broken into lines of readable length.
+class WrappedList {
+public:
+    explicit WrappedList(std::string_view title) : line_("  " + std::string(title) + ":") {}
+
+    void add(const std::string& item) {
+        if (has_items_) line_ += ',';
+        if (line_.size() + 1 + item.size() > kWidth) {
+            text_ += line_ + '\n';
+            line_ = "     ";
+        }
+        line_ += ' ' + item;
+        has_items_ = true;
+    }
+    std::string text() const { return text_ + line_ + '\n'; }
+
+private:
+    static constexpr std::size_t kWidth = 100;
+
+    std::string text_;
+    std::string line_;
+    bool has_items_ = false;
+};
+
 std::string elsewhere_text(const Account& account) {
     if (account.elsewhere.empty()) return {};
     std::string text = "\nNot drawn here: " + std::to_string(account.read_elsewhere()) + " records\n";
-    const std::string* place = nullptr;
-    for (const PlaceAccount& entry : account.elsewhere) {
-        if (!place || *place != entry.place) {
-            if (place) text += '\n';
-            text += "  " + (entry.place.empty() ? "outside of sections" : entry.place) + ":";
-        } else {
-            text += ',';
+    for (std::size_t i = 0; i < account.elsewhere.size();) {
+        const std::string& place = account.elsewhere[i].place;
+        WrappedList list(place.empty() ? "outside of sections" : place);
+        for (; i < account.elsewhere.size() && account.elsewhere[i].place == place; ++i) {
+            list.add(account.elsewhere[i].type + ' ' + std::to_string(account.elsewhere[i].read));
         }
-        text += ' ' + entry.type + ' ' + std::to_string(entry.read);
-        place = &entry.place;
+        text += list.text();
     }
-    return text + '\n';
+    return text;
 }
 
 std::string plural(std::size_t count, const char* noun) {

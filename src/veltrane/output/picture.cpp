@@ -14,7 +14,7 @@
 namespace veltrane {
 namespace {
 
-constexpr double kRelativeDeviation = 1e-6;
+constexpr double kRelativeDeviation = 4e-6;
 constexpr double kDotWidth = 3;      // line widths
 constexpr double kSeenEndOn = 1e-9;  // sine of the angle to the line of sight
 constexpr double kTouching = 1e-9;   // share of the page within which strokes go on

@@ -36,7 +36,7 @@ struct PictureReport {
 /// SVG and PDF are of true size, a millimetre of the model being one of the page, up to pages of 100 m and
 /// 200 in; larger drawings are reduced by a round factor, with a note. Lines without a weight have a width
 /// that is the same for the whole picture. Everything bounded is shown; lines that go on for ever run to the
-/// edges of the page. Faces are shown by their edges, points as dots. Curves deviate by less than a millionth
+/// edges of the page. Faces are shown by their edges, points as dots. Curves deviate by less than 1:200000
 /// of the longer side. Time is linear in the size of the scene.
 PictureReport write_picture(const Scene& scene, const PictureOptions& options, const std::string& file);
 
