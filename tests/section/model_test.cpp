@@ -236,6 +236,10 @@ TEST(Model, ARecordHasANumberInEveryModelThatListsIt) {
     EXPECT_EQ(one->Number(lines[2].get()), 3);
     EXPECT_EQ(two->Number(lines[2].get()), 1);
     EXPECT_EQ(two->Number(lines[0].get()), 0);
+    two->Clear();
+    EXPECT_EQ(one->Number(lines[2].get()), 3);
+    EXPECT_EQ(one->AddEntity(lines[2]), 3);
+    EXPECT_EQ(two->Number(lines[2].get()), 0);
     EXPECT_EQ(one->AddEntity(lines[2]), 3) << "listed already";
     EXPECT_EQ(one->AddEntity(nullptr), 0);
     EXPECT_EQ(one->Line(2), 10);

@@ -45,7 +45,7 @@ Text::Shared* Text::place(Chunk* chunk, std::size_t offset, std::string_view cha
 
 Text::Text(std::string_view characters) {
     if (characters.size() <= kInlineLength) {
-        set_inline(characters);
+        set_inline(characters.empty() ? "" : characters);  // an empty view may point nowhere
         return;
     }
     if (characters.size() >= UINT32_MAX - sizeof(Shared)) throw std::length_error("text longer than 4 GiB");

@@ -4,6 +4,12 @@
 
 namespace veltrane {
 
+namespace {
+
+constexpr std::uint32_t kOtherSlot = UINT32_MAX;  // says: perhaps listed in another model
+
+}  // namespace
+
 int ExchangeModel::Number(const Transient* record) const {
     if (!record) return 0;
     const std::size_t slot = record->slot();
@@ -22,6 +28,7 @@ int ExchangeModel::Number(const Transient* record) const {
 int ExchangeModel::AddEntity(const Ref<Transient>& record, int line) {
     if (!record) return 0;
     if (const int number = Number(record.get())) return number;
+    if (record->slot() != 0) shares_records_ = true;
     records_.push_back(record);
     const int number = NbEntities();
     record->set_slot(static_cast<std::uint32_t>(number));
@@ -44,9 +51,11 @@ void ExchangeModel::Clear() {
 }
 
 void ExchangeModel::ClearEntities() {
+    const std::uint32_t free_slot = shares_records_ ? kOtherSlot : 0;
     for (std::size_t i = 0; i < records_.size(); ++i) {
-        if (records_[i]->slot() == i + 1) records_[i]->set_slot(0);
+        if (records_[i]->slot() == i + 1) records_[i]->set_slot(free_slot);
     }
+    shares_records_ = false;
     records_.clear();
     lines_.clear();
     reports_.clear();

@@ -64,6 +64,7 @@ private:
     /// Numbers of records whose own slot a later model has taken over.
     mutable std::unordered_map<const Transient*, int> numbers_;
     mutable bool numbers_filled_ = false;
+    bool shares_records_ = false;  // some record came with the slot of another model
 };
 
 }  // namespace veltrane
