@@ -4,10 +4,10 @@
 
 namespace veltrane {
 
-std::string number_text(double value) {
-    char digits[64];
-    const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 12).ptr;
-    return std::string(digits, end);
+std::string number_text(double value, int digits) {
+    char text[64];
+    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits).ptr;
+    return std::string(text, end);
 }
 
 }  // namespace veltrane

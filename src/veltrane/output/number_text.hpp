@@ -5,7 +5,7 @@
 
 namespace veltrane {
 
-/// Up to twelve significant digits, with a point in any locale.
-std::string number_text(double value);
+/// Up to so many significant digits, with a point in any locale.
+std::string number_text(double value, int digits = 12);
 
 }  // namespace veltrane

@@ -35,14 +35,14 @@ struct SizeLimits {
 double true_size_factor(double length, const SizeLimits& limits, std::string& note) {
     if (length > limits.largest) {
         const double factor = round_factor(length / limits.largest);
-        note = "The page would be " + number_text(std::round(length) / 1000) +
+        note = "The page would be " + number_text(length / 1000, 4) +
                " m long; it is drawn at 1:" + number_text(factor) + ", because a page may have at most " +
                number_text(limits.largest) + " mm.";
         return 1 / factor;
     }
     if (length < limits.smallest) {
         const double factor = round_factor(limits.smallest / length);
-        note = "The page would be " + number_text(length) + " mm long; it is drawn at " +
+        note = "The page would be " + number_text(length, 4) + " mm long; it is drawn at " +
                number_text(factor) + ":1, because a page must have at least " + number_text(limits.smallest) +
                " mm.";
         return factor;
