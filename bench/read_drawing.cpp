@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -68,5 +69,7 @@ int main(int count, char** words) {
         std::fprintf(stderr, "read_drawing: %s cannot be written\n", words[3]);
         return 1;
     }
-    return 0;
+    // The system takes the memory back at once: taking the model apart first is no part of reading.
+    std::fflush(stdout);
+    std::_Exit(0);
 }
