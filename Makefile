@@ -49,7 +49,7 @@ demo:
 	$(packages) build
 	$(configure) $(library_and_tool)
 	$(build) --target vdxf
-	scripts/demo.sh $(BUILD)/src/vdxf/vdxf build/demo
+	scripts/demo.sh $(BUILD)/src/vdxf build/demo
 
 bench:
 	$(packages) build bench
