@@ -11,12 +11,16 @@
 #include <cstring>
 #include <istream>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace veltrane {
 
 namespace {
 
 constexpr std::size_t kBlockSize = 256 * 1024;
-constexpr std::size_t kPadding = 24;  // bytes past a block that may be read, whatever they hold
+constexpr std::size_t kPadding = 32;  // bytes past a block that may be read, whatever they hold
 constexpr std::size_t kLongestLine = 2039;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
@@ -40,18 +44,20 @@ std::optional<std::int32_t> code_of(std::string_view line) {
 
 /// Offset of `delimiter` in the first `size` bytes, or `size`. Lines of drawings are short: most end within
 /// the first words, where a call would cost more than the search. Bytes up to kPadding past `size` are read.
-std::size_t find_delimiter(const char* bytes, std::size_t size, char delimiter) {
-    constexpr std::uint64_t kOnes = 0x0101010101010101u;
-    const std::uint64_t pattern = kOnes * static_cast<unsigned char>(delimiter);
-    for (std::size_t at = 0; at < kPadding; at += 8) {
-        std::uint64_t word;
-        std::memcpy(&word, bytes + at, 8);
-        word ^= pattern;  // the delimiter is now the lowest byte that is zero
-        const std::uint64_t zero = (word - kOnes) & ~word & (kOnes << 7);
-        if (zero) return std::min(at + static_cast<std::size_t>(std::countr_zero(zero)) / 8, size);
+inline std::size_t find_delimiter(const char* bytes, std::size_t size, char delimiter) {
+#if defined(__SSE2__)
+    const __m128i pattern = _mm_set1_epi8(delimiter);
+    for (std::size_t at = 0; at < kPadding; at += sizeof pattern) {
+        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + at));
+        const auto equal = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, pattern)));
+        if (equal) return std::min(at + static_cast<std::size_t>(std::countr_zero(equal)), size);
     }
-    if (size <= kPadding) return size;
-    const void* found = std::memchr(bytes + kPadding, delimiter, size - kPadding);
+    constexpr std::size_t kSearched = kPadding;
+#else
+    constexpr std::size_t kSearched = 0;
+#endif
+    if (size <= kSearched) return size;
+    const void* found = std::memchr(bytes + kSearched, delimiter, size - kSearched);
     return found ? static_cast<std::size_t>(static_cast<const char*>(found) - bytes) : size;
 }
 
@@ -105,6 +111,16 @@ bool DxfFile_FileReader::refill(std::istream& stream) {
     return came > 0;
 }
 
+/// The common case of next_line: the line ends within the block.
+inline bool DxfFile_FileReader::take_line(std::istream& stream, std::string_view& line) {
+    const auto window = std::min(static_cast<std::size_t>(end_ - at_), kLongestLine + 1);
+    const std::size_t length = find_delimiter(at_, window, delimiter_);
+    if (length == window) return next_line(stream, line);
+    line = {at_, length};
+    at_ += length + 1;
+    return true;
+}
+
 /// One line without its delimiter. False when it is the input's last: the input then ended within it.
 bool DxfFile_FileReader::next_line(std::istream& stream, std::string_view& line) {
     for (;;) {
@@ -146,7 +162,7 @@ void DxfFile_FileReader::Next(std::istream& stream) {
         stream_good_ = has_group_ = false;
         return;
     }
-    stream_good_ = next_line(stream, line);
+    stream_good_ = take_line(stream, line);
     const auto code = code_of(line);
     if (!code) {
         code_ = -1;
@@ -161,7 +177,7 @@ void DxfFile_FileReader::Next(std::istream& stream) {
         return;
     }
     ++line_number_;
-    stream_good_ = next_line(stream, line);
+    stream_good_ = take_line(stream, line);
     while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) line.remove_suffix(1);
     value_ = line;
     has_group_ = true;

@@ -94,6 +94,7 @@ public:
 private:
     friend class NestingLevel;
 
+    bool take_line(std::istream& stream, std::string_view& line);
     bool next_line(std::istream& stream, std::string_view& line);
     bool refill(std::istream& stream);
     template <int Dimension, class Coordinates>

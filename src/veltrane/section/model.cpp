@@ -48,6 +48,7 @@ void DxfSection_Model::AssignHandles() {
     const int count = NbEntities();
     if (count == 0) return;
     handles_.clear();
+    handles_.reserve(static_cast<std::size_t>(count));
     std::int32_t top = kLowestFreeHandle - 1;
     std::vector<int> without;  // numbers of the records that are to get a handle
     for (int number = 1; number <= count; ++number) {
@@ -61,7 +62,7 @@ void DxfSection_Model::AssignHandles() {
         handles_.emplace_back(handled->Handle, handled);
     }
     drop_duplicate_handles(without);
-    std::sort(without.begin(), without.end());
+    if (!std::is_sorted(without.begin(), without.end())) std::sort(without.begin(), without.end());
     for (int number : without) {
         if (top == INT32_MAX) break;
         auto* handled = static_cast<DxfSection_HandledObject*>(Value(number).get());
