@@ -26,7 +26,7 @@ void visit_tables(const RecordTable& table, const std::function<void(const Recor
     visit(table);
     if (table.base()) visit_tables(*table.base(), visit);
     for (const Row& row : table.rows()) {
-        if (row.kind == ValueKind::Records) visit_tables(*row.records.table, visit);
+        if (row.records.table) visit_tables(*row.records.table, visit);
     }
 }
 
@@ -59,11 +59,16 @@ const char* kinds_of(ValueKind kind) {
         case ValueKind::Coordinates:
         case ValueKind::Reals:
         case ValueKind::Points:
+        case ValueKind::Points2:
             return "r";
         case ValueKind::Integer:
+        case ValueKind::Integers:
+        case ValueKind::Boolean:
+        case ValueKind::Counted:
         case ValueKind::Constant:
             return "i";
         case ValueKind::Handle:
+        case ValueKind::Handles:
             return "h";
         case ValueKind::String:
         case ValueKind::Strings:
@@ -134,6 +139,7 @@ private:
         return items;
     }
     void fill(const Row& row, Transient& record);
+    void fill_counted(const Row& row, Transient& record);
 
     std::mt19937 random_;
 };
@@ -148,6 +154,9 @@ void Filler::fill(const Row& row, Transient& record) {
         case ValueKind::Handle:
             record.*field.integer = integer();
             return;
+        case ValueKind::Boolean:
+            record.*field.boolean = random_() % 2 == 0;
+            return;
         case ValueKind::String:
             record.*field.text = text();
             return;
@@ -161,6 +170,15 @@ void Filler::fill(const Row& row, Transient& record) {
         case ValueKind::Reals:
             record.*field.reals = list<double>([&] { return real(); });
             return;
+        case ValueKind::Integers:
+        case ValueKind::Handles:
+            record.*field.integers = list<std::int32_t>([&] { return integer(); });
+            return;
+        case ValueKind::Points2:
+            record.*field.points2 = list<kernel::Point2>([&] { return kernel::Point2(real(), real()); });
+            return;
+        case ValueKind::Counted:
+            return fill_counted(row, record);
         case ValueKind::Points:
             record.*field.points = list<kernel::Point>([&] { return point(); });
             return;
@@ -171,6 +189,8 @@ void Filler::fill(const Row& row, Transient& record) {
             record.*field.bin_data = make<DxfSection_BinData>();
             (record.*field.bin_data)->Value = list<Text>([&] { return text(); });
             return;
+        case ValueKind::Record:
+            return fill(*row.records.table, row.records.append(record));
         case ValueKind::Records:
             for (unsigned count = 1 + random_() % 3; count > 0; --count) {
                 fill(*row.records.table, row.records.append(record));
@@ -185,6 +205,23 @@ void Filler::fill(const Row& row, Transient& record) {
             return fill(*row.base, record);
         default:
             return;
+    }
+}
+
+void Filler::fill_counted(const Row& row, Transient& record) {
+    const Field& list = row.elements.field;
+    std::int32_t& count = record.*row.field.integer;
+    fill(row.elements_row(), record);
+    if (row.elements.kind == ValueKind::BinData) {
+        count = integer();
+    } else if (row.elements.kind == ValueKind::Reals) {
+        count = length(record.*list.reals);
+    } else if (row.elements.kind == ValueKind::Points) {
+        count = length(record.*list.points);
+    } else {
+        auto& items = (record.*list.integers)->items();
+        items.resize(items.size() * static_cast<std::size_t>(row.elements.per_count), 7);
+        count = static_cast<std::int32_t>(items.size()) / row.elements.per_count;
     }
 }
 

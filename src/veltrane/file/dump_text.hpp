@@ -27,7 +27,13 @@ void dump_point(std::ostream& stream, const Coordinates& point) {
 inline void dump_item(std::ostream& stream, double value) {
     stream << "  " << value;
 }
+inline void dump_item(std::ostream& stream, std::int32_t value) {
+    stream << "  " << value;
+}
 inline void dump_item(std::ostream& stream, const kernel::Point& point) {
+    dump_point(stream << "  ", point);
+}
+inline void dump_item(std::ostream& stream, const kernel::Point2& point) {
     dump_point(stream << "  ", point);
 }
 inline void dump_item(std::ostream& stream, const Text& text) {

@@ -21,6 +21,10 @@ constexpr int kCountsOnly = 0;
 
 // Values as text. Two values are equal when their texts are.
 
+std::string text_of(std::int32_t value) {
+    return std::to_string(value);
+}
+
 std::string text_of(double value) {
     char digits[32];
     return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};
@@ -105,7 +109,9 @@ void Comparison::compare_row(const Row& row, const Transient& before, const Tran
             if (before.*field.real == after.*field.real) return;  // 0 and -0 are one number
             return value(field.real, plain);
         case ValueKind::Integer:
-            return value(field.integer, [](std::int32_t number) { return std::to_string(number); });
+            return value(field.integer, plain);
+        case ValueKind::Boolean:
+            return value(field.boolean, [](bool is_set) { return std::string(is_set ? "Yes" : "No"); });
         case ValueKind::Handle:
             return value(field.integer, handle_text_of);
         case ValueKind::String:
@@ -119,8 +125,13 @@ void Comparison::compare_row(const Row& row, const Transient& before, const Tran
             return value(field.point2, plain);
         case ValueKind::Reals:
             return list(row, before.*field.reals, after.*field.reals);
+        case ValueKind::Integers:
+        case ValueKind::Handles:
+            return list(row, before.*field.integers, after.*field.integers);
         case ValueKind::Points:
             return list(row, before.*field.points, after.*field.points);
+        case ValueKind::Points2:
+            return list(row, before.*field.points2, after.*field.points2);
         case ValueKind::Strings:
             return list(row, before.*field.texts, after.*field.texts);
         case ValueKind::BinData: {
@@ -131,6 +142,10 @@ void Comparison::compare_row(const Row& row, const Transient& before, const Tran
         }
         case ValueKind::Groups:
             return list(row, before.*field.groups, after.*field.groups);
+        case ValueKind::Counted:
+            value(field.integer, plain);
+            return compare_row(row.elements_row(), before, after);
+        case ValueKind::Record:
         case ValueKind::Records:
             return sub_records(row, before, after);
         case ValueKind::Base:

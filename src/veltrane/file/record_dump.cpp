@@ -32,6 +32,22 @@ void dump_sub_records(const Row& row, std::ostream& stream, const Transient& rec
     end_list(stream);
 }
 
+void dump_sub_record(const Row& row, std::ostream& stream, const Transient& record, int level) {
+    dump_label(stream, row.label);
+    if (row.records.count(record) < 0) {
+        stream << "<NOT DEFINED>\n";
+        return;
+    }
+    const Transient& item = row.records.item(record, 1);
+    if (level < 1) {
+        stream << '[' << item.DynamicType().name() << "]\n";
+        return;
+    }
+    stream << '{' << item.DynamicType().name() << '\n';
+    dump_fields(*row.records.table, stream, item, level - 1);
+    stream << "  }\n";
+}
+
 void dump_row(const Row& row, std::ostream& stream, const Transient& record, int level) {
     const Field& field = row.field;
     switch (row.kind) {
@@ -41,6 +57,9 @@ void dump_row(const Row& row, std::ostream& stream, const Transient& record, int
         case ValueKind::Integer:
         case ValueKind::Handle:
             dump_label(stream, row.label) << record.*field.integer << '\n';
+            return;
+        case ValueKind::Boolean:
+            dump_label(stream, row.label) << (record.*field.boolean ? "Yes" : "No") << '\n';
             return;
         case ValueKind::String:
             if ((record.*field.text).is_null()) return;
@@ -57,6 +76,11 @@ void dump_row(const Row& row, std::ostream& stream, const Transient& record, int
             return;
         case ValueKind::Reals:
             return dump_list(stream, row.label, record.*field.reals, level);
+        case ValueKind::Integers:
+        case ValueKind::Handles:
+            return dump_list(stream, row.label, record.*field.integers, level);
+        case ValueKind::Points2:
+            return dump_list(stream, row.label, record.*field.points2, level);
         case ValueKind::Points:
             return dump_list(stream, row.label, record.*field.points, level);
         case ValueKind::Strings:
@@ -66,6 +90,11 @@ void dump_row(const Row& row, std::ostream& stream, const Transient& record, int
                               [&](const DxfSection_BinData& data, int depth) {
                                   DxfFile_RWBinData::Dump(stream, data, depth);
                               });
+        case ValueKind::Counted:
+            dump_label(stream, row.label) << record.*field.integer << '\n';
+            return dump_row(row.elements_row(), stream, record, level);
+        case ValueKind::Record:
+            return dump_sub_record(row, stream, record, level);
         case ValueKind::Records:
             return dump_sub_records(row, stream, record, level);
         case ValueKind::Groups:
@@ -95,7 +124,9 @@ void dump_fields(const RecordTable& table, std::ostream& stream, const Transient
             stream << "}\n";
         }
     }
-    for (const Row& row : table.rows()) dump_row(row, stream, record, level);
+    for (const Row& row : table.rows()) {
+        if (row.is_dumped) dump_row(row, stream, record, level);
+    }
 }
 
 }  // namespace veltrane

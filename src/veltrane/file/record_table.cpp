@@ -8,23 +8,35 @@ namespace veltrane {
 RecordTable::RecordTable(const char* class_name, std::vector<Row> rows)
     : class_name_(class_name), rows_(std::move(rows)) {
     index_.fill(kNoRow);
-    for (const Row& row : rows_) {
-        if (row.kind == ValueKind::Base) {
-            base_ = row.base;
-            continue;
+    // A group is kept where any row can keep it: rows that drop it come last.
+    for (const bool dropping : {false, true}) {
+        for (const Row& row : rows_) {
+            if ((row.kind == ValueKind::Marker || row.kind == ValueKind::Constant) == dropping) index(row);
         }
-        if (row.kind == ValueKind::Groups) rest_ = &row;
-        if (row.code < 0) continue;  // written and dumped only
-        index(row, row.code);
-        if (row.kind != ValueKind::Coordinates) continue;
-        index(row, row.code + 10);
-        index(row, row.code + 20);
     }
     // Own rows come before the base's, so that a record may give a common code its own meaning.
     for (int code = 0; base_ && code < kCodes; ++code) {
         const Row* inherited = base_->find(code);
         if (inherited && !find(code)) index(*inherited, code);
     }
+}
+
+const Row* RecordTable::alternative_to(const Row& row) const {
+    for (const Row& other : rows_) {
+        if (&other > &row && other.code == row.code) return &other;
+    }
+    return nullptr;
+}
+
+void RecordTable::index(const Row& row) {
+    if (row.kind == ValueKind::Base) base_ = row.base;
+    if (row.kind == ValueKind::Groups) rest_ = &row;
+    if (row.keeps_last) keeps_last_ = true;
+    if (row.code < 0) return;  // written and dumped only
+    index(row, row.code);
+    if (row.kind != ValueKind::Coordinates) return;
+    index(row, row.code + 10);
+    index(row, row.code + 20);
 }
 
 void RecordTable::index(const Row& row, int code) {

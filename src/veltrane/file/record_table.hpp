@@ -22,18 +22,24 @@ class RecordTable;
 enum class ValueKind : std::uint8_t {
     Real,
     Integer,
+    Boolean,
     Handle,
     String,
     Point,        ///< groups c, c+10, c+20, directly after each other
     Point2,       ///< groups c, c+10
     Coordinates,  ///< groups c, c+10, c+20, each on its own and in any place
     Reals,        ///< each group appends to a list
+    Integers,
+    Handles,
     Points,
+    Points2,
     Strings,
     BinData,   ///< a run of groups c, kept as text
-    Records,   ///< each group c begins a sub-record, which has a table of its own
+    Counted,   ///< a count and, directly after it, that many elements
+    Record,    ///< group c begins a sub-record, which has a table of its own
+    Records,   ///< the same for a list of them
     Groups,    ///< every group that no other row takes, kept as it is
-    Marker,    ///< group 100: accepted and dropped, written with the row's text
+    Marker,    ///< accepted and dropped, written with the row's text
     Constant,  ///< accepted and dropped, written with the row's number
     Base,      ///< the fields of the base record
     Piece,     ///< read, written and dumped by functions
@@ -53,22 +59,28 @@ union Field {
     Field() : real(nullptr) {}
     Field(double Transient::*member) : real(member) {}
     Field(std::int32_t Transient::*member) : integer(member) {}
+    Field(bool Transient::*member) : boolean(member) {}
     Field(Text Transient::*member) : text(member) {}
     Field(kernel::Point Transient::*member) : point(member) {}
     Field(kernel::Point2 Transient::*member) : point2(member) {}
     Field(Ref<Sequence<double>> Transient::*member) : reals(member) {}
+    Field(Ref<Sequence<std::int32_t>> Transient::*member) : integers(member) {}
     Field(Ref<Sequence<kernel::Point>> Transient::*member) : points(member) {}
+    Field(Ref<Sequence<kernel::Point2>> Transient::*member) : points2(member) {}
     Field(Ref<Sequence<Text>> Transient::*member) : texts(member) {}
     Field(Ref<DxfSection_BinData> Transient::*member) : bin_data(member) {}
     Field(Ref<DxfSection_HSequenceOfDxfGroup> Transient::*member) : groups(member) {}
 
     double Transient::*real;
     std::int32_t Transient::*integer;
+    bool Transient::*boolean;
     Text Transient::*text;
     kernel::Point Transient::*point;
     kernel::Point2 Transient::*point2;
     Ref<Sequence<double>> Transient::*reals;
+    Ref<Sequence<std::int32_t>> Transient::*integers;
     Ref<Sequence<kernel::Point>> Transient::*points;
+    Ref<Sequence<kernel::Point2>> Transient::*points2;
     Ref<Sequence<Text>> Transient::*texts;
     Ref<DxfSection_BinData> Transient::*bin_data;
     Ref<DxfSection_HSequenceOfDxfGroup> Transient::*groups;
@@ -83,12 +95,24 @@ struct PieceFunctions {
     void (*dump)(std::ostream&, const Transient&, int level) = nullptr;
 };
 
-/// Access to a list of sub-records of one class.
+/// Access to the sub-records of one field.
 struct SubRecords {
+    /// A new sub-record: at the end of the list, or in place of the one that was there.
     Transient& (*append)(Transient& record) = nullptr;
-    int (*count)(const Transient& record) = nullptr;  ///< -1 when there is no list
+    int (*count)(const Transient& record) = nullptr;  ///< -1 when there is none, or no list
     const Transient& (*item)(const Transient& record, int number) = nullptr;
     const RecordTable* table = nullptr;
+    const char* opening = nullptr;   ///< value of the group that begins one; null for any
+    std::int16_t closing_code = -1;  ///< of the group "}" that ends one; -1 when none does
+};
+
+/// The elements of a Counted row.
+struct CountedElements {
+    ValueKind kind = ValueKind::Points;  ///< of the list: Reals, Integers, Points or BinData
+    std::int16_t code = 0;               ///< of each element
+    std::int16_t per_count = 1;
+    Field field;
+    const char* label = nullptr;
 };
 
 /// One row. Made by the functions below; the chained members state when it is written.
@@ -98,6 +122,8 @@ struct Row {
     Omit omit = Omit::Never;
     std::int16_t since_version = 0;
     std::int16_t below_version = INT16_MAX;
+    bool is_dumped = true;
+    bool keeps_last = false;
     Field field;
     const char* label = nullptr;
     double number = 0;           ///< of Constant, or to compare with
@@ -105,6 +131,17 @@ struct Row {
     const RecordTable* base = nullptr;
     PieceFunctions piece;
     SubRecords records;
+    CountedElements elements;
+
+    /// The list of a Counted row as a row of its own.
+    Row elements_row() const {
+        Row row;
+        row.code = elements.code;
+        row.kind = elements.kind;
+        row.field = elements.field;
+        row.label = elements.label;
+        return row;
+    }
 
     Row unless(double value) const { return with(&Row::number, value, Omit::IfEqual); }
     Row unless(int value) const { return unless(static_cast<double>(value)); }
@@ -119,6 +156,22 @@ struct Row {
     /// Written for drawings before this version number.
     Row below(int version) const {
         return with(&Row::below_version, static_cast<std::int16_t>(version), omit);
+    }
+    Row not_dumped() const { return with(&Row::is_dumped, false, omit); }
+    /// For a field with room for one of what the format has many: the reader warns when the group comes
+    /// again.
+    Row last_of_many() const { return with(&Row::keeps_last, true, omit); }
+    /// Sub-records begin at a group of this value only.
+    Row opened_by(const char* value) const {
+        Row row = *this;
+        row.records.opening = value;
+        return row;
+    }
+    /// Sub-records stand between a group of this value and a group `closing` with the value "}".
+    Row between(const char* value, int closing) const {
+        Row row = opened_by(value);
+        row.records.closing_code = static_cast<std::int16_t>(closing);
+        return row;
     }
 
 private:
@@ -158,6 +211,10 @@ Row integer(int code, const char* label, std::int32_t Record::*member) {
     return field(code, ValueKind::Integer, label, member);
 }
 template <class Record>
+Row boolean(int code, const char* label, bool Record::*member) {
+    return field(code, ValueKind::Boolean, label, member);
+}
+template <class Record>
 Row handle(int code, const char* label, std::int32_t Record::*member) {
     return field(code, ValueKind::Handle, label, member);
 }
@@ -183,6 +240,18 @@ Row reals(int code, const char* label, Ref<Sequence<double>> Record::*member) {
     return field(code, ValueKind::Reals, label, member);
 }
 template <class Record>
+Row integers(int code, const char* label, Ref<Sequence<std::int32_t>> Record::*member) {
+    return field(code, ValueKind::Integers, label, member);
+}
+template <class Record>
+Row handles(int code, const char* label, Ref<Sequence<std::int32_t>> Record::*member) {
+    return field(code, ValueKind::Handles, label, member);
+}
+template <class Record>
+Row points2(int code, const char* label, Ref<Sequence<kernel::Point2>> Record::*member) {
+    return field(code, ValueKind::Points2, label, member);
+}
+template <class Record>
 Row points(int code, const char* label, Ref<Sequence<kernel::Point>> Record::*member) {
     return field(code, ValueKind::Points, label, member);
 }
@@ -203,6 +272,13 @@ Row groups(const char* label, Ref<DxfSection_HSequenceOfDxfGroup> Record::*membe
 /// A subclass marker, dumped under `label`.
 inline Row marker(const char* text, const char* label = "@SubclassMarker") {
     Row result = row(100, ValueKind::Marker, label);
+    result.text = text;
+    return result;
+}
+
+/// A text that is always the same and not kept.
+inline Row constant(int code, const char* label, const char* text) {
+    Row result = row(code, ValueKind::Marker, label);
     result.text = text;
     return result;
 }
@@ -245,14 +321,52 @@ struct ListOf<List> {
     static const Transient& item(const Transient& record, int number) { return *of(record)->Value(number); }
 };
 
+template <auto Member>
+struct SingleOf;
+template <class Record, class Element, Ref<Element> Record::*Single>
+struct SingleOf<Single> {
+    static const Ref<Element>& of(const Transient& record) {
+        return static_cast<const Record&>(record).*Single;
+    }
+    static Transient& append(Transient& record) {
+        auto& element = static_cast<Record&>(record).*Single;
+        element = make<Element>();
+        return *element;
+    }
+    static int count(const Transient& record) { return of(record) ? 1 : -1; }
+    static const Transient& item(const Transient& record, int) { return *of(record); }
+};
+
+template <class Access>
+Row sub_records(int code, ValueKind kind, const char* label, const RecordTable& table) {
+    Row result = row(code, kind, label);
+    result.records = {&Access::append, &Access::count, &Access::item, &table, nullptr, -1};
+    return result;
+}
+
 }  // namespace detail
 
 /// A list of sub-records: every group `code` begins one, which lasts to the first group that is not its own.
 template <auto List>
 Row records(int code, const char* label, const RecordTable& table) {
-    Row result = row(code, ValueKind::Records, label);
-    using Access = detail::ListOf<List>;
-    result.records = {&Access::append, &Access::count, &Access::item, &table};
+    return detail::sub_records<detail::ListOf<List>>(code, ValueKind::Records, label, table);
+}
+
+/// The same for one sub-record: another group `code` begins one that takes its place.
+template <auto Member>
+Row record(int code, const char* label, const RecordTable& table) {
+    return detail::sub_records<detail::SingleOf<Member>>(code, ValueKind::Record, label, table);
+}
+
+/// A count, kept in a field of its own, with its elements directly after it: `per_count` groups
+/// `element_code` for each. The list has that length also when fewer came, its other elements being 0.
+template <class Record, class List>
+Row counted(int code, const char* label, std::int32_t Record::*count, ValueKind list_kind, int element_code,
+            const char* elements_label, List Record::*list, int per_count = 1) {
+    Row result = field(code, ValueKind::Counted, label, count);
+    result.elements = {list_kind, static_cast<std::int16_t>(element_code),
+                       static_cast<std::int16_t>(per_count), Field(static_cast<List Transient::*>(list)),
+                       elements_label};
     return result;
 }
 
@@ -279,17 +393,27 @@ public:
 
     /// The row that takes every group without a row of its own, but for the group 0; null when there is none.
     const Row* rest() const { return rest_; }
+    /// True for the code of a row, and for every code but 0 when there is a row for the rest.
+    bool takes(int code) const { return find(code) || (rest_ && code != 0); }
+    /// The row that takes the code of `row` when the value is not the one that `row` wants; null for none.
+    const Row* alternative_to(const Row& row) const;
+    /// The table at the end of the bases: this one when it has none.
+    const RecordTable& root() const { return base_ ? base_->root() : *this; }
+    /// True when some field keeps the last of many values.
+    bool keeps_last() const { return keeps_last_; }
 
     static constexpr int kCodes = 1072;  ///< the format's codes end at 1071
 
 private:
     static constexpr std::uint8_t kNoRow = 255;
+    void index(const Row& row);
     void index(const Row& row, int code);
 
     const char* class_name_;
     std::vector<Row> rows_;
     const RecordTable* base_ = nullptr;
     const Row* rest_ = nullptr;
+    bool keeps_last_ = false;
     std::vector<const Row*> readers_;
     std::array<std::uint8_t, kCodes> index_;
 };

@@ -70,6 +70,21 @@ void write_list(const List& list, WriteItem write_item) {
     for (const auto& item : *list) write_item(item);
 }
 
+void write_sub_records(const Row& row, std::ostream& stream, DxfFile_FileWriter& writer,
+                       const Transient& record) {
+    const SubRecords& records = row.records;
+    const bool closed = records.closing_code >= 0;
+    const auto write = [&](const Transient* item) {
+        if (closed) writer.WriteString(stream, row.code, records.opening);
+        if (item) write_fields(*records.table, stream, writer, *item);
+        if (closed) writer.WriteString(stream, records.closing_code, "}");
+    };
+    const int count = records.count(record);
+    for (int number = 1; number <= count; ++number) write(&records.item(record, number));
+    // Readers expect the brackets of a single one also when there is nothing to stand between them.
+    if (row.kind == ValueKind::Record && count < 0) write(nullptr);
+}
+
 void write_row(const Row& row, std::ostream& stream, DxfFile_FileWriter& writer, const Transient& record) {
     const Field& field = row.field;
     switch (row.kind) {
@@ -77,6 +92,8 @@ void write_row(const Row& row, std::ostream& stream, DxfFile_FileWriter& writer,
             return writer.WriteReal(stream, row.code, record.*field.real);
         case ValueKind::Integer:
             return writer.WriteInteger(stream, row.code, record.*field.integer);
+        case ValueKind::Boolean:
+            return writer.WriteBoolean(stream, row.code, record.*field.boolean);
         case ValueKind::Handle:
             return writer.WriteHex(stream, row.code, record.*field.integer);
         case ValueKind::String:
@@ -90,6 +107,15 @@ void write_row(const Row& row, std::ostream& stream, DxfFile_FileWriter& writer,
         case ValueKind::Reals:
             return write_list(record.*field.reals,
                               [&](double value) { writer.WriteReal(stream, row.code, value); });
+        case ValueKind::Integers:
+            return write_list(record.*field.integers,
+                              [&](std::int32_t value) { writer.WriteInteger(stream, row.code, value); });
+        case ValueKind::Handles:
+            return write_list(record.*field.integers,
+                              [&](std::int32_t handle) { writer.WriteHex(stream, row.code, handle); });
+        case ValueKind::Points2:
+            return write_list(record.*field.points2,
+                              [&](const kernel::Point2& point) { writer.WriteXY(stream, row.code, point); });
         case ValueKind::Points:
             return write_list(record.*field.points,
                               [&](const kernel::Point& point) { writer.WriteXYZ(stream, row.code, point); });
@@ -99,11 +125,12 @@ void write_row(const Row& row, std::ostream& stream, DxfFile_FileWriter& writer,
         case ValueKind::BinData:
             if (record.*field.bin_data) DxfFile_RWBinData::Write(stream, writer, *(record.*field.bin_data));
             return;
+        case ValueKind::Counted:
+            writer.WriteInteger(stream, row.code, record.*field.integer);
+            return write_row(row.elements_row(), stream, writer, record);
+        case ValueKind::Record:
         case ValueKind::Records:
-            for (int number = 1; number <= row.records.count(record); ++number) {
-                write_fields(*row.records.table, stream, writer, row.records.item(record, number));
-            }
-            return;
+            return write_sub_records(row, stream, writer, record);
         case ValueKind::Groups:
             return write_list(record.*field.groups, [&](const DxfSection_DxfGroup& group) {
                 writer.WriteText(stream, group.Code, group.Value);
