@@ -12,7 +12,7 @@ bench="python3 libbenchmark-dev"
 fuzz="clang"
 format="clang-format"
 # Independent tools that some tests compare against. Those tests are skipped without them.
-test_peers="python3-ezdxf poppler-utils librsvg2-bin"
+test_peers="python3-ezdxf libdxflib-dev poppler-utils librsvg2-bin"
 
 usage() {
     sed -n '2,6s/^# \{0,1\}//p' "$0" >&2

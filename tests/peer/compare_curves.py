@@ -8,13 +8,14 @@ points, length and box must agree within 1e-9 of the entity's size. Exits with 7
 without a folder, with 1 when something disagrees.
 """
 import collections
+import functools
 import math
-import pathlib
 import subprocess
 import sys
 
+import peer
+
 TOLERANCE = 1e-9
-SKIPPED = 77
 TYPES = ("LINE", "CIRCLE", "ARC", "ELLIPSE", "SPLINE", "RAY", "XLINE", "POINT")
 
 # Nodes and weights of the ten-point Gauss-Legendre rule, one half of the symmetric interval.
@@ -177,16 +178,17 @@ def disagreement(kind, ours, peers):
     return None if worst <= TOLERANCE * size else "differs by %.3g of %.6g" % (worst, size)
 
 
-def compare_file(program, path, tally):
+def compare_file(program, path):
+    """(its disagreements, how often what happened)."""
     import ezdxf
+    tally = collections.Counter()
     try:
         document = ezdxf.readfile(path)
     except Exception as refusal:  # the peer's own limits are no concern here
-        tally["not read by the peer"] += 1
-        return []
+        return [], {"not read by the peer": 1}
     ours = our_facts(program, path)
     if ours is None:
-        return ["%s: not read here" % path.name]
+        return ["%s: not read here" % path.name], {}
     facts, order = ours
     entities = list(peer_entities(document))
     counts = collections.Counter((entity.dxftype(), container) for entity, container in entities)
@@ -221,29 +223,18 @@ def compare_file(program, path, tally):
                 path.name, kind, entity.dxf.handle, problem, known[1], peers))
         else:
             tally["%s agree" % kind] += 1
-    return problems
+    return problems, tally
 
 
 def main():
-    program, folder = sys.argv[1], sys.argv[2] if len(sys.argv) > 2 else ""
-    try:
-        import ezdxf  # noqa: F401
-    except ImportError:
-        print("SKIPPED: python3-ezdxf is not installed; nothing was compared")
-        return SKIPPED
-    if not folder:
-        print("SKIPPED: no folder of real drawings was given (VELTRANE_SAMPLES_DIR); nothing was compared")
-        return SKIPPED
+    program, folder = (sys.argv[1:] + [""])[:2]
+    peer.need_ezdxf()
     tally = collections.Counter()
     problems = []
-    for path in sorted(p for p in pathlib.Path(folder).rglob("*") if p.suffix.lower() == ".dxf"):
-        if not path.read_bytes()[:22].startswith(b"AutoCAD Binary DXF"):
-            problems += compare_file(program, path, tally)
-    for name in sorted(tally):
-        print("%7d %s" % (tally[name], name))
-    print("\n".join(problems))
-    print("%d disagreements" % len(problems))
-    return 1 if problems or not any(name.endswith("agree") for name in tally) else 0
+    for found, counts in peer.each(functools.partial(compare_file, program), peer.ascii_drawings(folder)):
+        problems += found
+        tally.update(counts)
+    return peer.report(tally, problems)
 
 
 if __name__ == "__main__":
