@@ -1,44 +1,17 @@
 #include "veltrane/file/block.hpp"
 
-#include "veltrane/file/common.hpp"
-#include "veltrane/file/dump_text.hpp"
+#include "veltrane/file/contained_records.hpp"
 
 namespace veltrane {
 
 namespace {
 
-/// The entities of the block; its ENDBLK record ends it.
-bool read_block_record(std::istream& stream, DxfFile_FileReader& reader, Transient& record) {
-    auto& block = static_cast<DxfSection_Block&>(record);
-    if (reader.View() != "ENDBLK") {
-        append(block.Objects, reader.ReadObject(stream));
-        return true;
-    }
-    block.EndMarker = DxfFile_RWEndBlk::Read(stream, reader);
-    return false;
-}
-
-void write_block_records(std::ostream& stream, DxfFile_FileWriter& writer, const Transient& record) {
-    const auto& block = static_cast<const DxfSection_Block&>(record);
-    if (block.Objects) {
-        for (const auto& entity : *block.Objects) {
-            if (entity) writer.WriteObject(stream, *entity);
-        }
-    }
-    writer.WriteString(stream, 0, "ENDBLK");
-    // A block that was cut short has no end record; the groups of an empty one keep the file well formed.
-    const Ref<DxfSection_EndBlk> end = block.EndMarker ? block.EndMarker : make<DxfSection_EndBlk>();
-    DxfFile_RWEndBlk::Write(stream, writer, *end);
-}
-
-void dump_block_records(std::ostream& stream, const Transient& record, int level) {
-    const auto& block = static_cast<const DxfSection_Block&>(record);
-    dump_elements(stream, "Objects", block.Objects, level, [&](const DxfSection_Object& entity, int depth) {
-        DxfFile_RWObject::Dump(stream, entity, depth);
-    });
-    dump_piece(stream, "EndMarker", block.EndMarker, level,
-               [&](const DxfSection_EndBlk& end, int depth) { DxfFile_RWEndBlk::Dump(stream, end, depth); });
-}
+struct BlockContents {
+    using Record = DxfSection_Block;
+    using End = DxfSection_EndBlk;
+    static constexpr const char* kEndName = "ENDBLK";
+    static bool ends_without_it(std::string_view name) { return ends_a_section(name); }
+};
 
 }  // namespace
 
@@ -59,8 +32,7 @@ const RecordTable& record_table<DxfSection_Block>() {
          rows::integer(70, "BlockTypeFlag", &Record::BlockTypeFlag),
          rows::point(10, "BasePoint", &Record::BasePoint), rows::string(3, "BlockName2", &Record::BlockName2),
          rows::string(1, "XRefPathName", &Record::XRefPathName),
-         rows::string(4, "Description", &Record::Description),
-         rows::piece(0, {&read_block_record, &write_block_records, &dump_block_records})});
+         rows::string(4, "Description", &Record::Description), ContainedRecords<BlockContents>::row()});
     return table;
 }
 

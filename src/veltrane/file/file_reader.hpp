@@ -73,7 +73,11 @@ public:
     kernel::Point ReadXYZ(std::istream& stream);
     /// The current group holds a byte count; takes the groups 310 that follow. Null unless all bytes came.
     Ref<Sequence<std::uint8_t>> ReadBinData(std::istream& stream);
-    /// Takes the groups 1 and 3 of encoded SAT text. Never null.
+    enum class SatLines { UpToTheLongest, OfAnyLength };
+    /// Takes the groups 1 and 3 of encoded SAT text and decodes it. A value of more than 509 characters,
+    /// which the format does not allow, ends it, or is taken with a warning.
+    std::string ReadSatText(std::istream& stream, SatLines lines);
+    /// The same as a model, up to the first such value. Never null.
     Ref<acis::SatModel> ReadSatData(std::istream& stream);
     /// Reads the whole record that begins at the current group 0; null when there is none.
     Ref<DxfSection_Object> ReadObject(std::istream& stream);

@@ -58,9 +58,14 @@ Ref<Sequence<std::uint8_t>> DxfFile_FileReader::ReadBinData(std::istream& stream
     return make<Sequence<std::uint8_t>>(std::move(bytes));
 }
 
-Ref<acis::SatModel> DxfFile_FileReader::ReadSatData(std::istream& stream) {
+std::string DxfFile_FileReader::ReadSatText(std::istream& stream, SatLines lines) {
     std::string text;
-    for (; has_group_ && (code_ == 1 || code_ == 3) && value_.size() <= kLongestSatValue; Next(stream)) {
+    for (; has_group_ && (code_ == 1 || code_ == 3); Next(stream)) {
+        if (value_.size() > kLongestSatValue) {
+            if (lines == SatLines::UpToTheLongest) break;
+            SendWarning({"ACIS data of %d characters in one group at line %d: the format allows 509",
+                         static_cast<int>(value_.size()), line_number_});
+        }
         if (value_.empty()) {
             if (!text.empty() && text.back() == '#') text += '\n';
             continue;
@@ -69,7 +74,11 @@ Ref<acis::SatModel> DxfFile_FileReader::ReadSatData(std::istream& stream) {
         if (code_ == 1) text += '\n';  // a 3 holds a piece of a line that the next group goes on with
     }
     PushBack();
-    std::istringstream in(text);
+    return text;
+}
+
+Ref<acis::SatModel> DxfFile_FileReader::ReadSatData(std::istream& stream) {
+    std::istringstream in(ReadSatText(stream, SatLines::UpToTheLongest));
     auto model = make<acis::SatModel>();
     model->read(in);
     return model;

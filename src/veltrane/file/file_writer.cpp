@@ -149,7 +149,7 @@ void DxfFile_FileWriter::WriteObject(std::ostream& stream, const DxfSection_Obje
         WriteText(stream, 0, unknown->Type);
         DxfFile_RWUnrecognizedObject::Write(stream, *this, *unknown);
     } else if (const auto* registrator = DxfFile_ObjectRegistrator::Find(record.DynamicType())) {
-        WriteString(stream, 0, registrator->Name());
+        WriteString(stream, 0, registrator->NameOf(record));
         registrator->Write(stream, *this, record);
     }
     if (!stream.good()) status_ = false;

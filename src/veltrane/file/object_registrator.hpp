@@ -28,6 +28,8 @@ public:
     virtual void Write(std::ostream& stream, DxfFile_FileWriter& writer,
                        const DxfSection_Object& record) const = 0;
     virtual void Dump(std::ostream& stream, const DxfSection_Object& record, int level) const = 0;
+    /// The DXF name under which the record is written.
+    virtual std::string_view NameOf(const DxfSection_Object& /*record*/) const { return Name(); }
     /// The table on which the three stand.
     virtual const RecordTable& Table() const = 0;
 

@@ -20,6 +20,11 @@ bool read_field(const RecordTable& table, std::istream& stream, DxfFile_FileRead
 void read_record(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,
                  const Ref<DxfSection_Object>& record);
 
+/// Reads a sub-record that begins at the current group. It lasts to the first group that is not its own,
+/// which is pushed back; the code that began it begins the next one.
+void read_sub_record(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,
+                     Transient& record);
+
 /// Writes the groups of the record's fields, those of its base included.
 void write_fields(const RecordTable& table, std::ostream& stream, DxfFile_FileWriter& writer,
                   const Transient& record);
@@ -46,6 +51,25 @@ struct DxfFile_RecordRW {
     /// Writes the record without its group 0.
     static void Write(std::ostream& stream, DxfFile_FileWriter& writer, const Record& record) {
         write_record(record_table<Record>(), stream, writer, record);
+    }
+    static void Dump(std::ostream& stream, const Record& record, int level) {
+        dump_fields(record_table<Record>(), stream, record, level);
+    }
+};
+
+/// The same for a sub-record, which is no record of the model: Read() starts at the current group.
+template <class Record>
+struct DxfFile_SubRecordRW {
+    static Ref<Record> Read(std::istream& stream, DxfFile_FileReader& reader) {
+        auto record = make<Record>();
+        read_sub_record(record_table<Record>(), stream, reader, *record);
+        return record;
+    }
+    static bool ReadField(std::istream& stream, DxfFile_FileReader& reader, Record& record) {
+        return read_field(record_table<Record>(), stream, reader, record);
+    }
+    static void Write(std::ostream& stream, DxfFile_FileWriter& writer, const Record& record) {
+        write_fields(record_table<Record>(), stream, writer, record);
     }
     static void Dump(std::ostream& stream, const Record& record, int level) {
         dump_fields(record_table<Record>(), stream, record, level);

@@ -1,11 +1,12 @@
 // Reading by record tables.
+#include "veltrane/base/undefined.hpp"
 #include "veltrane/exchange/model.hpp"
 #include "veltrane/file/common.hpp"
+#include "veltrane/file/gathered_groups.hpp"
 #include "veltrane/file/record_io.hpp"
 
 #include <algorithm>
 #include <istream>
-#include <iterator>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +15,13 @@ namespace veltrane {
 namespace {
 
 constexpr std::string_view kClosing = "}";
+constexpr std::int32_t kMarkerCode = 100;
+constexpr std::string_view kEntityMarker = "AcDbEntity";
+
+void send_replaced(DxfFile_FileReader& reader) {
+    reader.SendWarning(
+        {"The value of group %d at line %d replaces an earlier one", reader.Code(), reader.LineNumber()});
+}
 
 /// Warns when a field that keeps one value gets another.
 class Repeats {
@@ -25,8 +33,7 @@ public:
         const Row* row = table_->find(reader.Code());
         if (!row || !row->keeps_last) return;
         if (std::find(met_.begin(), met_.end(), row) == met_.end()) return met_.push_back(row);
-        reader.SendWarning(
-            {"The value of group %d at line %d replaces an earlier one", reader.Code(), reader.LineNumber()});
+        send_replaced(reader);
     }
 
 private:
@@ -34,16 +41,25 @@ private:
     std::vector<const Row*> met_;
 };
 
-/// Lasts to the first group that is not the sub-record's own; the group that began it begins the next one.
-void read_unclosed(const Row& row, std::istream& stream, DxfFile_FileReader& reader, Transient& record) {
-    const RecordTable& table = *row.records.table;
-    Repeats repeats(table);
-    do {
-        repeats.note(reader);
-        read_field(table, stream, reader, record);
-        reader.Next(stream);
-    } while (reader.HasGroup() && table.takes(reader.Code()) && (reader.Code() != row.code || table.rest()));
-    reader.PushBack();
+/// A handle that is undefined until it comes tells by itself that it came before, as an owner does that a
+/// record has both at its head and among its own groups.
+void read_handle(const Row& row, std::istream& stream, DxfFile_FileReader& reader, std::int32_t& handle) {
+    const std::int32_t before = handle;
+    handle = reader.ReadHex(stream);
+    if (row.omit != Omit::IfUndefined || row.keeps_last) return;
+    if (!is_undefined(before) && before != handle) send_replaced(reader);
+}
+
+void read_bin_data(std::istream& stream, DxfFile_FileReader& reader, Ref<DxfSection_BinData>& data) {
+    if (data) send_replaced(reader);
+    data = DxfFile_RWBinData::Read(stream, reader);
+}
+
+/// The constant is written again; any other value is lost.
+void drop_constant(DxfFile_FileReader& reader, bool is_same) {
+    if (is_same) return;
+    reader.SendWarning({"The value of group %d at line %d is dropped for the usual one", reader.Code(),
+                        reader.LineNumber()});
 }
 
 /// Lasts to its closing group, which it takes.
@@ -56,14 +72,14 @@ void read_closed(const Row& row, std::istream& stream, DxfFile_FileReader& reade
     }
 }
 
-void read_sub_record(const Row& row, std::istream& stream, DxfFile_FileReader& reader, Transient& owner) {
+void read_row_record(const Row& row, std::istream& stream, DxfFile_FileReader& reader, Transient& owner) {
     if (row.kind == ValueKind::Record && row.records.count(owner) > 0) {
         reader.SendWarning({"What begins with group %d at line %d replaces an earlier one", reader.Code(),
                             reader.LineNumber()});
     }
     Transient& record = row.records.append(owner);
-    const auto read = row.records.closing_code < 0 ? &read_unclosed : &read_closed;
-    read(row, stream, reader, record);
+    if (row.records.closing_code >= 0) return read_closed(row, stream, reader, record);
+    read_sub_record(*row.records.table, stream, reader, record);
 }
 
 /// Takes the elements that directly follow their count, and fills the list up to that count.
@@ -108,7 +124,7 @@ void read_counted(const Row& row, std::istream& stream, DxfFile_FileReader& read
         default:  // the bytes that a group of binary data holds are not counted here
             reader.Next(stream);
             if (reader.HasGroup() && reader.Code() == row.elements.code) {
-                record.*list.bin_data = DxfFile_RWBinData::Read(stream, reader);
+                read_bin_data(stream, reader, record.*list.bin_data);
             }
             return reader.PushBack();
     }
@@ -131,7 +147,7 @@ bool read_row(const RecordTable& table, const Row& row, std::istream& stream, Dx
             record.*field.boolean = reader.ReadBoolean(stream);
             return true;
         case ValueKind::Handle:
-            record.*field.integer = reader.ReadHex(stream);
+            read_handle(row, stream, reader, record.*field.integer);
             return true;
         case ValueKind::String:
             record.*field.text = reader.Value();
@@ -164,7 +180,7 @@ bool read_row(const RecordTable& table, const Row& row, std::istream& stream, Dx
             append(record.*field.texts, reader.Value());
             return true;
         case ValueKind::BinData:
-            record.*field.bin_data = DxfFile_RWBinData::Read(stream, reader);
+            read_bin_data(stream, reader, record.*field.bin_data);
             return true;
         case ValueKind::Counted:
             read_counted(row, stream, reader, record);
@@ -174,15 +190,19 @@ bool read_row(const RecordTable& table, const Row& row, std::istream& stream, Dx
             if (row.records.opening && reader.View() != row.records.opening) {
                 return read_by(table, table.alternative_to(row), stream, reader, record);
             }
-            read_sub_record(row, stream, reader, record);
+            read_row_record(row, stream, reader, record);
             return true;
         case ValueKind::Piece:
             return row.piece.read(stream, reader, record);
         case ValueKind::Groups:
             append(record.*field.groups, DxfSection_DxfGroup{reader.Code(), reader.Value()});
             return true;
-        case ValueKind::Marker:
+        case ValueKind::Marker:  // those of a subclass are told apart by nobody
+            drop_constant(reader, row.code == kMarkerCode || reader.View() == row.text);
+            return true;
         case ValueKind::Constant:
+            drop_constant(reader, reader.ReadInteger(stream) == row.number);
+            return true;
         case ValueKind::Base:
             return true;
     }
@@ -202,37 +222,42 @@ bool read_by(const RecordTable& table, const Row* row, std::istream& stream, Dxf
     return true;
 }
 
-/// Takes the groups with which every record begins: handle, application data, owner. A record may give their
-/// codes a meaning of its own, which they have only after the first other group.
+/// Takes the groups that belong to the base: handle, application data and owner, and what stands between the
+/// marker of the entities and the next one. Further on, a record may give their codes a meaning of its own.
 void read_head(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,
                Transient& record) {
     const RecordTable& root = table.root();
     reader.Next(stream);
     if (&root == &table) return;
-    while (reader.HasGroup() && root.find(reader.Code()) && read_field(root, stream, reader, record)) {
+    const Row* last_handle = nullptr;  // a second one is the record's own
+    while (reader.HasGroup()) {
+        const Row* row = root.find(reader.Code());
+        if (!row || row == last_handle) break;
+        if (row->kind == ValueKind::Handle) last_handle = row;
+        read_field(root, stream, reader, record);
         reader.Next(stream);
     }
+    if (!reader.HasGroup() || reader.Code() != kMarkerCode || reader.View() != kEntityMarker) return;
+    const RecordTable& entity = record_table<DxfSection_Entity>();
+    if (!table.stands_on(entity)) return;
+    do {
+        read_field(entity, stream, reader, record);
+        reader.Next(stream);
+    } while (reader.HasGroup() && reader.Code() != kMarkerCode && entity.find(reader.Code()));
 }
 
-/// Reads the fields of a record that keeps every other group. These are gathered first, so that the record's
-/// list is made once and at its right size: in drawings of many such records it is most of what is kept.
+/// Reads the fields of a record that keeps every other group.
 void read_with_rest(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,
                     Transient& record) {
-    std::vector<DxfSection_DxfGroup>& gathered = reader.GroupBuffer();
-    const auto first = static_cast<std::ptrdiff_t>(gathered.size());
+    GatheredGroups rest(reader);
     for (; reader.HasGroup(); reader.Next(stream)) {
         if (reader.Code() != 0 && !table.find(reader.Code())) {
-            gathered.push_back({reader.Code(), reader.Value()});
+            rest.take();
         } else if (!read_field(table, stream, reader, record)) {
             break;
         }
     }
-    const auto begin = gathered.begin() + first;
-    if (begin == gathered.end()) return;
-    record.*table.rest()->field.groups =
-        make<DxfSection_HSequenceOfDxfGroup>(std::vector<DxfSection_DxfGroup>(
-            std::make_move_iterator(begin), std::make_move_iterator(gathered.end())));
-    gathered.erase(begin, gathered.end());
+    record.*table.rest()->field.groups = rest.list();
 }
 
 }  // namespace
@@ -240,6 +265,19 @@ void read_with_rest(const RecordTable& table, std::istream& stream, DxfFile_File
 bool read_field(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,
                 Transient& record) {
     return read_by(table, table.find(reader.Code()), stream, reader, record);
+}
+
+void read_sub_record(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,
+                     Transient& record) {
+    const std::int32_t first_code = reader.Code();
+    Repeats repeats(table);
+    do {
+        repeats.note(reader);
+        read_field(table, stream, reader, record);
+        reader.Next(stream);
+    } while (reader.HasGroup() && table.takes(reader.Code()) &&
+             (reader.Code() != first_code || table.rest()));
+    reader.PushBack();
 }
 
 void read_record(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,

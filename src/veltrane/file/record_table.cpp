@@ -32,7 +32,7 @@ void RecordTable::index(const Row& row) {
     if (row.kind == ValueKind::Base) base_ = row.base;
     if (row.kind == ValueKind::Groups) rest_ = &row;
     if (row.keeps_last) keeps_last_ = true;
-    if (row.code < 0) return;  // written and dumped only
+    if (row.code < 0 || !row.is_read) return;
     index(row, row.code);
     if (row.kind != ValueKind::Coordinates) return;
     index(row, row.code + 10);

@@ -123,7 +123,10 @@ struct Row {
     std::int16_t since_version = 0;
     std::int16_t below_version = INT16_MAX;
     bool is_dumped = true;
+    bool opens_in_dump = true;
     bool keeps_last = false;
+    bool is_read = true;
+    bool (*applies)(const Transient& record) = nullptr;
     Field field;
     const char* label = nullptr;
     double number = 0;           ///< of Constant, or to compare with
@@ -140,6 +143,7 @@ struct Row {
         row.kind = elements.kind;
         row.field = elements.field;
         row.label = elements.label;
+        row.opens_in_dump = opens_in_dump;
         return row;
     }
 
@@ -158,6 +162,14 @@ struct Row {
         return with(&Row::below_version, static_cast<std::int16_t>(version), omit);
     }
     Row not_dumped() const { return with(&Row::is_dumped, false, omit); }
+    /// Binary data is told as being there, whatever the level of the dump.
+    Row dumped_closed() const { return with(&Row::opens_in_dump, false, omit); }
+    /// Left to another row of the same code to read.
+    Row not_read() const { return with(&Row::is_read, false, omit); }
+    /// Written for the records for which `condition` is true.
+    Row only_if(bool (*condition)(const Transient& record)) const {
+        return with(&Row::applies, condition, omit);
+    }
     /// For a field with room for one of what the format has many: the reader warns when the group comes
     /// again.
     Row last_of_many() const { return with(&Row::keeps_last, true, omit); }
@@ -276,14 +288,14 @@ inline Row marker(const char* text, const char* label = "@SubclassMarker") {
     return result;
 }
 
-/// A text that is always the same and not kept.
+/// A text that is always the same and not kept; null as `label` leaves it out of the dump.
 inline Row constant(int code, const char* label, const char* text) {
     Row result = row(code, ValueKind::Marker, label);
     result.text = text;
     return result;
 }
 
-/// A group whose value is not kept; null as `label` leaves it out of the dump.
+/// A number that is always the same and not kept.
 inline Row constant(int code, const char* label, int value) {
     Row result = row(code, ValueKind::Constant, label);
     result.number = value;
@@ -399,6 +411,10 @@ public:
     const Row* alternative_to(const Row& row) const;
     /// The table at the end of the bases: this one when it has none.
     const RecordTable& root() const { return base_ ? base_->root() : *this; }
+    /// True for one of its bases, and for itself.
+    bool stands_on(const RecordTable& base) const {
+        return this == &base || (base_ && base_->stands_on(base));
+    }
     /// True when some field keeps the last of many values.
     bool keeps_last() const { return keeps_last_; }
 

@@ -49,6 +49,7 @@ bool is_undefined_field(const Row& row, const Transient& record) {
 
 bool is_omitted(const Row& row, const Transient& record, int version) {
     if (version < row.since_version || version >= row.below_version) return true;
+    if (row.applies && !row.applies(record)) return true;
     switch (row.omit) {
         case Omit::Never:
             return false;
@@ -126,7 +127,9 @@ void write_row(const Row& row, std::ostream& stream, DxfFile_FileWriter& writer,
             if (record.*field.bin_data) DxfFile_RWBinData::Write(stream, writer, *(record.*field.bin_data));
             return;
         case ValueKind::Counted:
-            writer.WriteInteger(stream, row.code, record.*field.integer);
+            if (row.omit != Omit::IfUndefined || !is_undefined(record.*field.integer)) {
+                writer.WriteInteger(stream, row.code, record.*field.integer);
+            }
             return write_row(row.elements_row(), stream, writer, record);
         case ValueKind::Record:
         case ValueKind::Records:
