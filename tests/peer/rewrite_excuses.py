@@ -3,15 +3,14 @@ each, taken out of the drawing before the reader sees it, and counted. Nothing e
 import collections
 import re
 
-# Undefined integers, handles and reals are written as empty lines. ezdxf refuses a drawing that has one where it
-# expects a number. A record that is not listed may not have any, a code that is not listed neither.
+# Undefined values are written as empty lines. Empty handles and texts are fine, but ezdxf refuses a drawing that
+# has an empty line where a number belongs. Codes that are not listed may not have any.
 UNDEFINED = "undefined value as an empty line"
 UNDEFINED_CODES = {
-    "UCS": (346,),
-    "VIEW": (79, 146, 345, 346),
-    "VPORT": (79, 146, 345, 346),
+    "VIEW": (79, 146),
+    "VPORT": (79, 146),
     "LAYER": (370,),
-    "DIMSTYLE": (340, 341, 342, 343, 344, 371, 372),
+    "DIMSTYLE": (371, 372),
 }
 LINEWEIGHT = (370,)  # of any record: -1, by layer, is written as the undefined integer
 
