@@ -97,6 +97,15 @@ const RecordTable& record_table<DxfSection_NgEntity>() {
     return table;
 }
 
+void write_extended_data(std::ostream& stream, DxfFile_FileWriter& writer, const Transient& record) {
+    const auto& applications = static_cast<const DxfSection_HandledObject&>(record).XAppData;
+    if (!applications) return;
+    for (const auto& data : *applications) {
+        writer.WriteText(stream, 1001, data->XAppName);
+        if (data->XData) DxfFile_RWXData::Write(stream, writer, *data->XData);
+    }
+}
+
 // Any record
 
 bool DxfFile_RWObject::ReadField(std::istream& /*stream*/, DxfFile_FileReader& reader,

@@ -16,6 +16,9 @@ const RecordTable& record_table<DxfSection_NgEntity>();
 /// The rows of a handled record whose handle stands under `handle_code`.
 std::vector<Row> handled_rows(int handle_code);
 
+/// The write function of a row: extended data, which other records are written without.
+void write_extended_data(std::ostream& stream, DxfFile_FileWriter& writer, const Transient& record);
+
 /// The operations that every record has.
 struct DxfFile_RWObject {
     /// The end of every record's reading: true for a group that is skipped, false at a group 0.

@@ -33,19 +33,23 @@ void dump_sub_records(const Row& row, std::ostream& stream, const Transient& rec
 }
 
 void dump_sub_record(const Row& row, std::ostream& stream, const Transient& record, int level) {
-    dump_label(stream, row.label);
     if (row.records.count(record) < 0) {
-        stream << "<NOT DEFINED>\n";
+        dump_label(stream, row.label) << "<NULL>\n";
         return;
     }
     const Transient& item = row.records.item(record, 1);
     if (level < 1) {
-        stream << '[' << item.DynamicType().name() << "]\n";
+        dump_label(stream, row.label) << '[' << item.DynamicType().name() << "]\n";
         return;
     }
-    stream << '{' << item.DynamicType().name() << '\n';
+    const bool bracketed = row.records.closing_code >= 0;  // and shown as it stands in the file
+    if (bracketed) {
+        stream << row.label << " {\n";
+    } else {
+        dump_label(stream, row.label) << '{' << item.DynamicType().name() << '\n';
+    }
     dump_fields(*row.records.table, stream, item, level - 1);
-    stream << "  }\n";
+    stream << (bracketed ? "}\n" : "  }\n");
 }
 
 void dump_row(const Row& row, std::ostream& stream, const Transient& record, int level) {
@@ -86,7 +90,7 @@ void dump_row(const Row& row, std::ostream& stream, const Transient& record, int
         case ValueKind::Strings:
             return dump_list(stream, row.label, record.*field.texts, level);
         case ValueKind::BinData:
-            return dump_piece(stream, row.label, record.*field.bin_data, level,
+            return dump_piece(stream, row.label, record.*field.bin_data, row.opens_in_dump ? level : 0,
                               [&](const DxfSection_BinData& data, int depth) {
                                   DxfFile_RWBinData::Dump(stream, data, depth);
                               });
@@ -100,7 +104,7 @@ void dump_row(const Row& row, std::ostream& stream, const Transient& record, int
         case ValueKind::Groups:
             return dump_list(stream, row.label, record.*field.groups, level);
         case ValueKind::Marker:
-            dump_label(stream, row.label) << row.text << '\n';
+            if (row.label) dump_label(stream, row.label) << row.text << '\n';
             return;
         case ValueKind::Constant:
             if (row.label) dump_label(stream, row.label) << row.number << '\n';
