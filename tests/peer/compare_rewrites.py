@@ -19,6 +19,7 @@ import dataclasses
 import functools
 import logging
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -69,7 +70,11 @@ def ezdxf_findings(document, auditor):
         auditor = auditor or document.audit()
     except Exception:
         return collections.Counter(["the audit itself fails"])
-    return collections.Counter(AuditError(entry.code).name for entry in auditor.errors + auditor.fixes)
+    findings = collections.Counter()
+    for entry in auditor.errors + auditor.fixes:
+        record = re.search(r"(\w+)\(#", entry.message)  # told as "LINE(#1F)"
+        findings["%s of %s" % (AuditError(entry.code).name, record[1] if record else "the drawing")] += 1
+    return findings
 
 
 def read_by_ezdxf(path, way=""):
@@ -140,11 +145,11 @@ def compare(vdxf, read, relieve, path):
 def tell_excuses(reader, groups, drawings, rows, paths):
     for reason in sorted(groups):
         print("%7d groups in %d drawings excused: %s" % (groups[reason], drawings[reason], reason))
-    for row in rewrite_excuses.DRAWINGS:
+    for row in rewrite_excuses.DIFFERENCES:
         if rows[row]:
-            print("%7d differences excused in %s: %s" % (rows[row], row[1], row[3]))
+            print("%7d differences excused in %s: %s" % (rows[row], row[1] or "any drawing", row[3]))
         elif row[0] == reader and any(path.name.endswith(row[1]) for path in paths):
-            print("the excuse of %s is not needed any more: %s" % (row[1], row[3]))
+            print("the excuse of %s is not needed any more: %s" % (row[1] or "any drawing", row[3]))
 
 
 def main():

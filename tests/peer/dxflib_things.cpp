@@ -51,9 +51,9 @@ public:
         entity("insert of " + d.name, {d.ipx, d.ipy, d.ipz, d.sx, d.sy, d.sz, d.angle, double(d.cols),
                                        double(d.rows), d.colSp, d.rowSp});
     }
-    void addMText(const DL_MTextData& d) override {
-        entity("mtext " + d.text,
-               {d.ipx, d.ipy, d.ipz, d.height, d.width, d.angle, double(d.attachmentPoint)});
+    void addMText(
+        const DL_MTextData& d) override {  // no angle: told twice, by 11 and 50, of which dxflib takes one
+        entity("mtext " + d.text, {d.ipx, d.ipy, d.ipz, d.height, d.width, double(d.attachmentPoint)});
     }
     void addText(const DL_TextData& d) override { text("text ", d); }
     void addAttribute(const DL_AttributeData& d) override { text("attribute " + d.tag + " ", d); }
