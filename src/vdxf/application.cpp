@@ -1,6 +1,7 @@
 #include "vdxf/application.hpp"
 
 #include "vdxf/convert_command.hpp"
+#include "vdxf/diff_command.hpp"
 #include "vdxf/dump_command.hpp"
 #include "vdxf/info_command.hpp"
 #include "vdxf/params_command.hpp"
@@ -24,10 +25,11 @@ constexpr const char* kFooter =
     "Examples:\n"
     "  vdxf info plan.dxf                     what is in it\n"
     "  vdxf convert plan.dxf plan.svg         a picture of true size\n"
-    "  vdxf convert plan.dxf old.dxf --dxf-version R12\n\n"
+    "  vdxf convert plan.dxf old.dxf --dxf-version R12\n"
+    "  vdxf diff old.dxf new.dxf              what changed\n\n"
     "Results go to standard output, narration to standard error.\n"
-    "Exit codes: 0 done, 1 failed, 2 wrong usage, 3 input unreadable,\n"
-    "            4 something was lost and --strict was given.";
+    "Exit codes: 0 done, 1 failed (diff: the drawings differ), 2 wrong usage,\n"
+    "            3 input unreadable, 4 something was lost and --strict was given.";
 
 class Application {
 public:
@@ -37,7 +39,7 @@ public:
         parser_.require_subcommand(1);
         parser_.footer(kFooter);
         commands_ = {declare_info(parser_), declare_dump(parser_), declare_convert(parser_),
-                     declare_params(parser_)};
+                     declare_diff(parser_), declare_params(parser_)};
         for (const Command& command : commands_) command.parser->allow_extras();
     }
 

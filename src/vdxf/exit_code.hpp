@@ -9,6 +9,7 @@ namespace veltrane::tool {
 enum class ExitCode {
     Done = 0,
     Failed = 1,      ///< the work could not be done: nothing was written
+    Different = 1,   ///< of a comparison, as other tools that compare have it
     WrongUsage = 2,  ///< the arguments make no sense
     Unreadable = 3,  ///< the input is missing, empty or no drawing that can be read
     Lost = 4,        ///< done, but something was lost and the user asked to be told so

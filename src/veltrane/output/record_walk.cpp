@@ -1,6 +1,7 @@
 #include "veltrane/output/record_walk.hpp"
 
 #include "veltrane/section/handle_text.hpp"
+#include "veltrane/section/record_handle.hpp"
 
 namespace veltrane {
 namespace {
@@ -14,15 +15,6 @@ std::string class_name(const DxfSection_Object& record) {
         if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
     }
     return result;
-}
-
-std::int32_t handle_among(const DxfSection_UnrecognizedObject& record) {
-    if (!record.Data) return 0;
-    for (const DxfSection_DxfGroup& group : *record.Data) {
-        if (group.Code == 5) return DxfSection::StringToHex(group.Value);
-        if (group.Code == 100 || group.Code >= 1000) break;
-    }
-    return 0;
 }
 
 }  // namespace
@@ -47,9 +39,7 @@ std::string type_name(const DxfSection_Object& record, const RecordNames& names)
 }
 
 std::string handle_label(const DxfSection_Object& record) {
-    std::int32_t handle = 0;
-    if (const auto* handled = as<const DxfSection_HandledObject>(&record)) handle = handled->Handle;
-    if (const auto* whole = as<const DxfSection_UnrecognizedObject>(&record)) handle = handle_among(*whole);
+    const std::int32_t handle = record_handle(record);
     return handle > 0 ? "#" + DxfSection::HexToString(handle).str() : std::string();
 }
 
