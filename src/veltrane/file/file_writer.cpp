@@ -99,12 +99,16 @@ void DxfFile_FileWriter::WriteText(std::ostream& stream, int code, const Text& t
 }
 
 void DxfFile_FileWriter::WriteInteger(std::ostream& stream, int code, std::int32_t value) {
-    char* out = begin_group(stream, code, kLongestCode);
-    end_value(is_undefined(value) ? out : aligned(out, value, 4));
+    if (is_undefined(value)) return WriteString(stream, code, "");
+    WriteNumber(stream, code, value);
+}
+
+void DxfFile_FileWriter::WriteNumber(std::ostream& stream, int code, std::int32_t value) {
+    end_value(aligned(begin_group(stream, code, kLongestCode), value, 4));
 }
 
 void DxfFile_FileWriter::WriteBoolean(std::ostream& stream, int code, bool value) {
-    WriteInteger(stream, code, value ? 1 : 0);
+    WriteNumber(stream, code, value ? 1 : 0);
 }
 
 void DxfFile_FileWriter::WriteReal(std::ostream& stream, int code, double value) {

@@ -31,12 +31,18 @@ public:
     bool Status() const { return status_; }
     /// 1009 for R12, 1012 R13, 1014 R14, 1015 R2000, 1018 R2004, 1021 R2007, 1024 R2010.
     int Version() const { return version_; }
+    /// True to leave out the groups of undefined values, which other programs do not read; false, as at
+    /// first, to write them with empty values.
+    bool LeavesOutUndefined() const { return leaves_out_undefined_; }
+    void LeaveOutUndefined(bool leave_out) { leaves_out_undefined_ = leave_out; }
 
     void WriteString(std::ostream& stream, int code, std::string_view text);
     /// A null text is written as an empty value, with a fail.
     void WriteText(std::ostream& stream, int code, const Text& text);
     /// -1, the undefined integer, is written as an empty value.
     void WriteInteger(std::ostream& stream, int code, std::int32_t value);
+    /// The same for a number of which -1 is a value like others.
+    void WriteNumber(std::ostream& stream, int code, std::int32_t value);
     void WriteBoolean(std::ostream& stream, int code, bool value);
     /// Fixed point with up to twenty decimals. -1e100, the undefined real, is written as an empty value.
     void WriteReal(std::ostream& stream, int code, double value);
@@ -62,6 +68,7 @@ private:
     const DxfSection_Object* current_ = nullptr;
     bool status_;
     int version_ = 1015;
+    bool leaves_out_undefined_ = false;
     std::unique_ptr<char[]> buffer_;
     char* at_;
 };

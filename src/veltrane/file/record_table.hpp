@@ -48,10 +48,11 @@ enum class ValueKind : std::uint8_t {
 /// When a row's groups are left out.
 enum class Omit : std::uint8_t {
     Never,
-    IfEqual,      ///< to the row's number or text
-    IfZAxis,      ///< a direction within 1e-10 of (0, 0, 1) in every co-ordinate
-    IfUndefined,  ///< -1, -1e100, or a point of these
-    Always,       ///< a field that is read and dumped only
+    IfEqual,           ///< to the row's number or text
+    IfZAxis,           ///< a direction within 1e-10 of (0, 0, 1) in every co-ordinate
+    IfUndefined,       ///< -1, -1e100, or a point of these
+    EmptyIfUndefined,  ///< written as an empty value, which files are better off without
+    Always,            ///< a field that is read and dumped only
 };
 
 /// A pointer to a field of any record class, held as one of the common root.
@@ -152,6 +153,8 @@ struct Row {
     Row unless(const char* value) const { return with(&Row::text, value, Omit::IfEqual); }
     Row unless_z_axis() const { return with(&Row::number, 0.0, Omit::IfZAxis); }
     Row unless_undefined() const { return with(&Row::number, 0.0, Omit::IfUndefined); }
+    /// An undefined value is written as an empty one, or left out if the writer does so.
+    Row empty_if_undefined() const { return with(&Row::number, 0.0, Omit::EmptyIfUndefined); }
     Row never_written() const { return with(&Row::number, 0.0, Omit::Always); }
     /// Written for drawings of this version number and later.
     Row since(int version) const {

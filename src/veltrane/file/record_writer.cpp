@@ -47,7 +47,8 @@ bool is_undefined_field(const Row& row, const Transient& record) {
     }
 }
 
-bool is_omitted(const Row& row, const Transient& record, int version) {
+bool is_omitted(const Row& row, const Transient& record, const DxfFile_FileWriter& writer) {
+    const int version = writer.Version();
     if (version < row.since_version || version >= row.below_version) return true;
     if (row.applies && !row.applies(record)) return true;
     switch (row.omit) {
@@ -59,6 +60,8 @@ bool is_omitted(const Row& row, const Transient& record, int version) {
             return is_z_axis(record.*row.field.point);
         case Omit::IfUndefined:
             return is_undefined_field(row, record);
+        case Omit::EmptyIfUndefined:
+            return writer.LeavesOutUndefined() && is_undefined_field(row, record);
         case Omit::Always:
             return true;
     }
@@ -92,7 +95,10 @@ void write_row(const Row& row, std::ostream& stream, DxfFile_FileWriter& writer,
         case ValueKind::Real:
             return writer.WriteReal(stream, row.code, record.*field.real);
         case ValueKind::Integer:
-            return writer.WriteInteger(stream, row.code, record.*field.integer);
+            if (row.omit == Omit::EmptyIfUndefined) {
+                return writer.WriteInteger(stream, row.code, record.*field.integer);
+            }
+            return writer.WriteNumber(stream, row.code, record.*field.integer);
         case ValueKind::Boolean:
             return writer.WriteBoolean(stream, row.code, record.*field.boolean);
         case ValueKind::Handle:
@@ -110,7 +116,7 @@ void write_row(const Row& row, std::ostream& stream, DxfFile_FileWriter& writer,
                               [&](double value) { writer.WriteReal(stream, row.code, value); });
         case ValueKind::Integers:
             return write_list(record.*field.integers,
-                              [&](std::int32_t value) { writer.WriteInteger(stream, row.code, value); });
+                              [&](std::int32_t value) { writer.WriteNumber(stream, row.code, value); });
         case ValueKind::Handles:
             return write_list(record.*field.integers,
                               [&](std::int32_t handle) { writer.WriteHex(stream, row.code, handle); });
@@ -155,7 +161,7 @@ void write_row(const Row& row, std::ostream& stream, DxfFile_FileWriter& writer,
 void write_fields(const RecordTable& table, std::ostream& stream, DxfFile_FileWriter& writer,
                   const Transient& record) {
     for (const Row& row : table.rows()) {
-        if (!is_omitted(row, record, writer.Version())) write_row(row, stream, writer, record);
+        if (!is_omitted(row, record, writer)) write_row(row, stream, writer, record);
     }
 }
 

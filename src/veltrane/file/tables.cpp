@@ -70,10 +70,10 @@ std::vector<Row> ucs_rows() {
     return {point(110, "UCSOrigin", &Record::UCSOrigin).unless_undefined(),
             point(111, "UCSXAxis", &Record::UCSXAxis).unless_undefined(),
             point(112, "UCSYAxis", &Record::UCSYAxis).unless_undefined(),
-            integer(79, "UCSOrthoType", &Record::UCSOrthoType),
-            real(146, "UCSElevation", &Record::UCSElevation),
-            handle(345, "NameID", &Record::NameID),
-            handle(346, "UCSID", &Record::UCSID)};
+            integer(79, "UCSOrthoType", &Record::UCSOrthoType).empty_if_undefined(),
+            real(146, "UCSElevation", &Record::UCSElevation).empty_if_undefined(),
+            handle(345, "NameID", &Record::NameID).empty_if_undefined(),
+            handle(346, "UCSID", &Record::UCSID).empty_if_undefined()};
 }
 
 std::vector<Row> joined(std::vector<Row> rows, const std::vector<Row>& more) {
@@ -134,7 +134,7 @@ const RecordTable& record_table<DxfSection_Layer>() {
          integer(70, "Flag", &Record::Flag), integer(62, "Color", &Record::Color), constant(61, nullptr, 0),
          string(6, "@XZField", &Record::LineType),
          integer(290, "PlottingFlag", &Record::PlottingFlag).since(kR2000),
-         integer(370, "LineWeight", &Record::LineWeight).since(kR2000),
+         integer(370, "LineWeight", &Record::LineWeight).empty_if_undefined().since(kR2000),
          handle(390, "Hard", &Record::Hard).since(kR2000)});
     return table;
 }
@@ -192,7 +192,8 @@ const RecordTable& record_table<DxfSection_UCS>() {
         {base(entry_head()), marker("AcDbUCSTableRecord", kEntryMarker), string(2, "Name", &Record::Name),
          integer(70, "Flag", &Record::Flag), point(10, "Origin", &Record::Origin),
          point(11, "XAxis", &Record::XAxis), point(12, "YAxis", &Record::YAxis), constant(79, nullptr, 0),
-         real(146, "Elevation", &Record::Elevation), handle(346, "BaseUCSID", &Record::BaseUCSID),
+         real(146, "Elevation", &Record::Elevation),
+         handle(346, "BaseUCSID", &Record::BaseUCSID).empty_if_undefined(),
          integer(71, "OrthographicType", &Record::OrthographicType),
          point(13, "OriginForOT", &Record::OriginForOT).unless_undefined()});
     return table;

@@ -86,6 +86,7 @@ bool DxfFile_WorkLibrary::WriteFile(WriteContext& context) const {
     OutputFile stream(context.FileName);
     if (stream.good()) {
         DxfFile_FileWriter writer(drawing);
+        writer.LeaveOutUndefined(true);
         DxfFile_RWDxfFile::Write(stream, writer, *drawing->DxfFile());
         if (stream.Close() && writer.Status()) return true;
     }
