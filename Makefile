@@ -20,7 +20,7 @@ help:
 	@echo 'make demo       build the tool and convert a drawing into pictures, a DXF file and a shape dump'
 	@echo 'make test       build everything and run all tests     (SAMPLES=folder of real drawings)'
 	@echo 'make sanitize   the same under the address and undefined-behaviour sanitizers'
-	@echo 'make fuzz       feed the readers with damaged drawings      (SECONDS=60)'
+	@echo 'make fuzz       feed the reader with damaged drawings  (SECONDS=60 or RUNS=, TARGET=, SAMPLES=)'
 	@echo 'make bench      measure reading and writing            (SIZES="10 100", in MB)'
 	@echo 'make install    install library and tool               (PREFIX=$(PREFIX), DESTDIR=)'
 	@echo 'make format     format the sources'
@@ -36,14 +36,17 @@ test:
 sanitize:
 	$(MAKE) test PRESET=sanitize
 
-# Finds are kept in build/fuzz/corpus; a crash leaves the bytes that caused it in build/fuzz.
+# Inputs that reached something new are kept in build/fuzz/corpus; those that broke something lie in build/fuzz.
+FUZZ = build/fuzz/fuzz/fuzz_$(or $(TARGET),read_drawing)
+limit = $(if $(RUNS),-runs=$(RUNS),-max_total_time=$(or $(SECONDS),60))
 fuzz:
 	$(packages) build fuzz
 	cmake --preset fuzz
 	cmake --build --preset fuzz --parallel $(JOBS)
 	mkdir -p build/fuzz/corpus
-	build/fuzz/fuzz/fuzz_read_drawing -max_total_time=$(or $(SECONDS),60) -max_len=30000 -timeout=20 \
-	    -artifact_prefix=build/fuzz/ build/fuzz/corpus examples
+	fuzz/make_seeds.py build/fuzz/seeds examples $(SAMPLES)
+	$(FUZZ) $(limit) -max_len=6500 -timeout=20 -rss_limit_mb=1024 -dict=fuzz/dxf.dict -artifact_prefix=build/fuzz/ \
+	    -print_final_stats=1 build/fuzz/corpus build/fuzz/seeds
 
 demo:
 	$(packages) build
