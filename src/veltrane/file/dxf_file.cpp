@@ -3,7 +3,17 @@
 #include "veltrane/exchange/general_library.hpp"
 #include "veltrane/exchange/parameters.hpp"
 #include "veltrane/file/block.hpp"
+#include "veltrane/file/bodies.hpp"
 #include "veltrane/file/curves.hpp"
+#include "veltrane/file/dictionaries.hpp"
+#include "veltrane/file/embedded.hpp"
+#include "veltrane/file/faces.hpp"
+#include "veltrane/file/filters.hpp"
+#include "veltrane/file/hatch.hpp"
+#include "veltrane/file/images.hpp"
+#include "veltrane/file/layouts.hpp"
+#include "veltrane/file/links.hpp"
+#include "veltrane/file/polylines.hpp"
 #include "veltrane/file/structure.hpp"
 #include "veltrane/file/tables.hpp"
 
@@ -19,31 +29,81 @@ void register_record(const char* name) {
     static const DxfFile_RecordRegistrator<Record> registrator(name);
 }
 
+template <class Surface>
+void register_surface(const char* name) {
+    static const DxfFile_SurfaceRegistrator<Surface> registrator(name);
+}
+
 void register_records() {
+    register_record<DxfEnt_AcadProxyEntity>("ACAD_PROXY_ENTITY");
+    register_record<DxfEnt_AcadProxyObject>("ACAD_PROXY_OBJECT");
+    register_record<DxfEnt_AcDbDictionaryWDflt>("ACDBDICTIONARYWDFLT");
+    register_record<DxfEnt_AcDbPlaceHolder>("ACDBPLACEHOLDER");
     register_record<DxfSection_AcDsRecord>("ACDSRECORD");
     register_record<DxfSection_AppId>("APPID");
     register_record<DxfEnt_Arc>("ARC");
     register_record<DxfSection_Block>("BLOCK");
     register_record<DxfSection_BlockRecord>("BLOCK_RECORD");
+    register_record<DxfEnt_Body>("BODY");
     register_record<DxfEnt_Circle>("CIRCLE");
     register_record<DxfSection_Class>("CLASS");
+    register_record<DxfEnt_Dictionary>("DICTIONARY");
+    register_record<DxfEnt_DictionaryVar>("DICTIONARYVAR");
+    register_record<DxfEnt_DimAssoc>("DIMASSOC");
     register_record<DxfSection_DimStyle>("DIMSTYLE");
     register_record<DxfEnt_Ellipse>("ELLIPSE");
     register_record<DxfSection_EndBlk>("ENDBLK");
+    register_surface<DxfEnt_ExtrudedSurface>("EXTRUDEDSURFACE");
+    register_record<DxfEnt_Face3d>("3DFACE");
+    register_record<DxfEnt_Group>("GROUP");
+    register_record<DxfEnt_Hatch>("HATCH");
+    register_record<DxfEnt_IDBuffer>("IDBUFFER");
+    register_record<DxfEnt_Image>("IMAGE");
+    register_record<DxfEnt_ImageDef>("IMAGEDEF");
+    register_record<DxfEnt_ImageDefReactor>("IMAGEDEF_REACTOR");
     register_record<DxfSection_Layer>("LAYER");
+    register_record<DxfEnt_LayerFilter>("LAYER_FILTER");
+    register_record<DxfEnt_LayerIndex>("LAYER_INDEX");
+    register_record<DxfEnt_Layout>("LAYOUT");
     register_record<DxfEnt_Line>("LINE");
     register_record<DxfSection_LType>("LTYPE");
+    register_surface<DxfEnt_LoftedSurface>("LOFTEDSURFACE");
+    register_record<DxfEnt_LWPolyline>("LWPOLYLINE");
+    register_record<DxfEnt_Mesh>("MESH");
+    register_surface<DxfEnt_NurbsSurface>("NURBSURFACE");
+    register_record<DxfEnt_ObjectPtr>("OBJECT_PTR");
+    register_record<DxfEnt_OLE2Frame>("OLE2FRAME");
+    register_record<DxfEnt_OLEFrame>("OLEFRAME");
+    register_surface<DxfEnt_PlaneSurface>("PLANESURFACE");
+    register_record<DxfEnt_PlotSettings>("PLOTSETTINGS");
     register_record<DxfEnt_Point>("POINT");
+    register_record<DxfEnt_Polyline>("POLYLINE");
+    register_record<DxfEnt_RasterVariables>("RASTERVARIABLES");
     register_record<DxfEnt_Ray>("RAY");
+    register_record<DxfEnt_Region>("REGION");
+    register_surface<DxfEnt_RevolvedSurface>("REVOLVEDSURFACE");
     register_record<DxfSection_Section>("SECTION");
+    register_record<DxfEnt_SeqEnd>("SEQEND");
+    register_record<DxfEnt_Solid>("SOLID");
+    register_record<DxfEnt_Solid3d>("3DSOLID");
+    register_record<DxfEnt_SortEntStable>("SORTENTSTABLE");
+    register_record<DxfEnt_SpatialFilter>("SPATIAL_FILTER");
+    register_record<DxfEnt_SpatialIndex>("SPATIAL_INDEX");
     register_record<DxfEnt_Spline>("SPLINE");
     register_record<DxfSection_Style>("STYLE");
+    register_surface<DxfEnt_Surface>("SURFACE");
+    register_surface<DxfEnt_SweptSurface>("SWEPTSURFACE");
     register_record<DxfSection_Table>("TABLE");
+    register_record<DxfEnt_Trace>("TRACE");
     register_record<DxfSection_UCS>("UCS");
     register_record<DxfSection_UnrecognizedObject>("UNRECOGNIZED_OBJECT");
+    register_record<DxfEnt_VbaProject>("VBA_PROJECT");
+    register_record<DxfEnt_Vertex>("VERTEX");
     register_record<DxfSection_View>("VIEW");
+    register_record<DxfEnt_ViewPort>("VIEWPORT");
     register_record<DxfSection_VPort>("VPORT");
     register_record<DxfEnt_XLine>("XLINE");
+    register_record<DxfEnt_XRecord>("XRECORD");
 }
 
 void register_parameters() {
