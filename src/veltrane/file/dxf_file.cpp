@@ -2,6 +2,7 @@
 
 #include "veltrane/exchange/general_library.hpp"
 #include "veltrane/exchange/parameters.hpp"
+#include "veltrane/file/annotations.hpp"
 #include "veltrane/file/block.hpp"
 #include "veltrane/file/bodies.hpp"
 #include "veltrane/file/curves.hpp"
@@ -11,8 +12,11 @@
 #include "veltrane/file/filters.hpp"
 #include "veltrane/file/hatch.hpp"
 #include "veltrane/file/images.hpp"
+#include "veltrane/file/inserts.hpp"
 #include "veltrane/file/layouts.hpp"
 #include "veltrane/file/links.hpp"
+#include "veltrane/file/multileader.hpp"
+#include "veltrane/file/multiline.hpp"
 #include "veltrane/file/polylines.hpp"
 #include "veltrane/file/structure.hpp"
 #include "veltrane/file/tables.hpp"
@@ -42,6 +46,8 @@ void register_records() {
     register_record<DxfSection_AcDsRecord>("ACDSRECORD");
     register_record<DxfSection_AppId>("APPID");
     register_record<DxfEnt_Arc>("ARC");
+    register_record<DxfEnt_AttDef>("ATTDEF");
+    register_record<DxfEnt_Attrib>("ATTRIB");
     register_record<DxfSection_Block>("BLOCK");
     register_record<DxfSection_BlockRecord>("BLOCK_RECORD");
     register_record<DxfEnt_Body>("BODY");
@@ -50,6 +56,7 @@ void register_records() {
     register_record<DxfEnt_Dictionary>("DICTIONARY");
     register_record<DxfEnt_DictionaryVar>("DICTIONARYVAR");
     register_record<DxfEnt_DimAssoc>("DIMASSOC");
+    register_record<DxfEnt_Dimension>("DIMENSION");
     register_record<DxfSection_DimStyle>("DIMSTYLE");
     register_record<DxfEnt_Ellipse>("ELLIPSE");
     register_record<DxfSection_EndBlk>("ENDBLK");
@@ -61,15 +68,21 @@ void register_records() {
     register_record<DxfEnt_Image>("IMAGE");
     register_record<DxfEnt_ImageDef>("IMAGEDEF");
     register_record<DxfEnt_ImageDefReactor>("IMAGEDEF_REACTOR");
+    register_record<DxfEnt_Insert>("INSERT");
     register_record<DxfSection_Layer>("LAYER");
     register_record<DxfEnt_LayerFilter>("LAYER_FILTER");
     register_record<DxfEnt_LayerIndex>("LAYER_INDEX");
     register_record<DxfEnt_Layout>("LAYOUT");
+    register_record<DxfEnt_Leader>("LEADER");
     register_record<DxfEnt_Line>("LINE");
     register_record<DxfSection_LType>("LTYPE");
     register_surface<DxfEnt_LoftedSurface>("LOFTEDSURFACE");
     register_record<DxfEnt_LWPolyline>("LWPOLYLINE");
     register_record<DxfEnt_Mesh>("MESH");
+    register_record<DxfEnt_MLeader>("MULTILEADER");
+    register_record<DxfEnt_MLine>("MLINE");
+    register_record<DxfEnt_MLineStyle>("MLINESTYLE");
+    register_record<DxfEnt_MText>("MTEXT");
     register_surface<DxfEnt_NurbsSurface>("NURBSURFACE");
     register_record<DxfEnt_ObjectPtr>("OBJECT_PTR");
     register_record<DxfEnt_OLE2Frame>("OLE2FRAME");
@@ -84,6 +97,7 @@ void register_records() {
     register_surface<DxfEnt_RevolvedSurface>("REVOLVEDSURFACE");
     register_record<DxfSection_Section>("SECTION");
     register_record<DxfEnt_SeqEnd>("SEQEND");
+    register_record<DxfEnt_Shape>("SHAPE");
     register_record<DxfEnt_Solid>("SOLID");
     register_record<DxfEnt_Solid3d>("3DSOLID");
     register_record<DxfEnt_SortEntStable>("SORTENTSTABLE");
@@ -94,6 +108,8 @@ void register_records() {
     register_surface<DxfEnt_Surface>("SURFACE");
     register_surface<DxfEnt_SweptSurface>("SWEPTSURFACE");
     register_record<DxfSection_Table>("TABLE");
+    register_record<DxfEnt_Text>("TEXT");
+    register_record<DxfEnt_Tolerance>("TOLERANCE");
     register_record<DxfEnt_Trace>("TRACE");
     register_record<DxfSection_UCS>("UCS");
     register_record<DxfSection_UnrecognizedObject>("UNRECOGNIZED_OBJECT");
