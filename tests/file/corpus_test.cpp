@@ -86,6 +86,20 @@ const Rule kRules[] = {
      [](const Difference& d) { return d.field.code == 9 && d.field.before.starts_with("  {5, "); }},
     {"the table of dimension styles gets its second marker",
      [](const Difference& d) { return d.field.label == "DimStyleMarker" && d.field.before == "<NOT SET>"; }},
+    {"a dimension without subclass markers gets its first",
+     [](const Difference& d) {
+         return d.field.label == "SubclassMarker" && d.field.before == "<NOT SET>" &&
+                d.field.after == "\"AcDbDimension\"";
+     }},
+    {"a multileader without a leader gets an empty one",
+     [](const Difference& d) {
+         return d.field.label == "Context Data[1].Leader Data" && d.field.before == "<NOT SET>";
+     }},
+    {"common fields and break points of a multileader's lines are read and not written",
+     [](const Difference& d) {
+         return d.field.label.starts_with("Context Data[1].Leader Data[1].LeaderLines[") &&
+                (d.field.label.ends_with("].ImageLength") || d.field.label.ends_with("].BreakPointIndex"));
+     }},
     {"a real has twenty decimals",
      [](const Difference& d) { return within(d.field.before, d.field.after, 1e-20); }},
 };
