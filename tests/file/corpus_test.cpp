@@ -2,9 +2,9 @@
 // record by record. What may differ, and why, stands in the table of rules; anything else is a failure.
 #include "support/dxf_text.hpp"
 #include "veltrane/exchange/parameters.hpp"
+#include "veltrane/file/drawing_compare.hpp"
 #include "veltrane/file/file_probe.hpp"
 #include "veltrane/file/object_registrator.hpp"
-#include "veltrane/file/record_compare.hpp"
 #include "veltrane/file/record_table.hpp"
 #include "veltrane/file/work_library.hpp"
 #include "veltrane/section/block.hpp"
@@ -50,13 +50,22 @@ bool within(const std::string& before, const std::string& after, double toleranc
                                     [&](double x, double y) { return std::fabs(x - y) <= tolerance; });
 }
 
-/// One field of one record, before and after.
+constexpr const char* kAdded = "added";
+constexpr const char* kRemoved = "removed";
+constexpr const char* kRenumbered = "has another handle";
+
+/// One field of one record, before and after; or a record, header variable or comment as a whole.
 struct Difference {
-    const DxfSection_Object& record;
+    const DxfSection_Object* record;  ///< null for header variables and comments
     const FieldDifference& field;
     const Row* row;  ///< null for a field that no row of the record's own names
     int version;
 };
+
+template <class Record>
+bool is_a(const DxfSection_Object* record) {
+    return record && record->is_kind(Record::type());
+}
 
 struct Rule {
     const char* name;
@@ -67,7 +76,7 @@ const Rule kRules[] = {
     {"extended data is read and not written",
      [](const Difference& d) { return d.field.code == 1000 || d.field.code == 1001; }},
     {"a record of the ACDSDATA section is written without its groups",
-     [](const Difference& d) { return d.record.DynamicType().name() == "DxfSection_AcDsRecord"; }},
+     [](const Difference& d) { return is_a<DxfSection_AcDsRecord>(d.record); }},
     {"an undefined integer is written as an empty value and reads as 0",
      [](const Difference& d) { return d.field.before == "-1" && d.field.after == "0"; }},
     {"an undefined real is written as an empty value and reads as 0",
@@ -81,9 +90,9 @@ const Rule kRules[] = {
          return d.row && d.row->omit == Omit::IfZAxis && within(d.field.before, d.field.after, 1e-10);
      }},
     {"a block that was cut short gets its end",
-     [](const Difference& d) { return d.field.label == "EndMarker" && d.field.before.ends_with("<NULL>"); }},
+     [](const Difference& d) { return d.field.label == kAdded && is_a<DxfSection_EndBlk>(d.record); }},
     {"a record that was made raises $HANDSEED",
-     [](const Difference& d) { return d.field.code == 9 && d.field.before.starts_with("  {5, "); }},
+     [](const Difference& d) { return d.field.label == "$HANDSEED"; }},
     {"the table of dimension styles gets its second marker",
      [](const Difference& d) { return d.field.label == "DimStyleMarker" && d.field.before == "<NOT SET>"; }},
     {"a dimension without subclass markers gets its first",
@@ -118,7 +127,7 @@ public:
 
 private:
     void compare(const DxfSection_Model& before, const DxfSection_Model& after);
-    void compare(const DxfSection_Object& before, const DxfSection_Object& after, int version);
+    void account_for(const Difference& difference, int line);
     void check_messages(const DxfSection_Model& before, const DxfSection_Model& after);
     const char* rule_of(const Difference& difference) const {
         const auto found = std::find_if(std::begin(kRules), std::end(kRules),
@@ -162,49 +171,44 @@ void Corpus::check(const fs::path& path) {
 }
 
 void Corpus::compare(const DxfSection_Model& before, const DxfSection_Model& after) {
-    const auto& comments = before.DxfFile()->Comment;
-    ASSERT_EQ(length(comments), length(after.DxfFile()->Comment));
-    for (int i = 1; i <= length(comments); ++i) {
-        EXPECT_EQ(comments->Value(i), after.DxfFile()->Comment->Value(i));
-    }
-    const Ref<DxfSection_Model> of_version = const_cast<DxfSection_Model*>(&after);
-    const int version = DxfFile_FileWriter(of_version).Version();
+    const DrawingDifferences found = compare_drawings(before, after, {{}, Handles::Always});
+    records_ += static_cast<long>(found.pairs);
+    const int version = DxfFile_FileWriter(Ref(const_cast<DxfSection_Model*>(&after))).Version();
 
-    // The trees are walked, not the record lists, which a HEADER made for $HANDSEED has not joined.
-    std::vector<std::pair<const DxfSection_Object*, const DxfSection_Object*>> pending;
-    const auto push = [&](const auto& old_list, const auto& new_list) {
-        ASSERT_EQ(length(old_list), length(new_list));
-        for (int number = length(old_list); number > 0; --number) {
-            pending.emplace_back(old_list->Value(number).get(), new_list->Value(number).get());
-        }
+    const auto whole = [&](const PlacedRecord& placed, const char* what) {
+        const FieldDifference field{what, -1, "", ""};
+        account_for({placed.record, field, nullptr, version}, before.Line(before.Number(placed.record)));
     };
-    push(before.DxfFile()->Sections, after.DxfFile()->Sections);
-    while (!pending.empty()) {
-        const auto [old_record, new_record] = pending.back();
-        pending.pop_back();
-        SCOPED_TRACE("at line " + std::to_string(before.Line(before.Number(old_record))));
-        compare(*old_record, *new_record, version);
-        push(old_record->GetSubObjects(), new_record->GetSubObjects());
-        const auto* block = as<const DxfSection_Block>(old_record);
-        const auto* new_block = as<const DxfSection_Block>(new_record);
-        if (block && block->EndMarker && new_block) {
-            pending.emplace_back(block->EndMarker.get(), new_block->EndMarker.get());
+    for (const auto& values : {found.comments, found.variables}) {
+        for (const ValueDifference& value : values) {
+            const FieldDifference field{value.name, -1, value.before.value_or(""), value.after.value_or("")};
+            account_for({nullptr, field, nullptr, version}, 0);
+        }
+    }
+    for (const RecordDifference& pair : found.renumbered) whole(pair.before, kRenumbered);
+    for (const RecordDifference& pair : found.records) {
+        if (!pair.before.record || !pair.after.record) {
+            whole(pair.before.record ? pair.before : pair.after, pair.before.record ? kRemoved : kAdded);
+            continue;
+        }
+        const DxfSection_Object* record = pair.before.record;
+        const auto* registrator = DxfFile_ObjectRegistrator::Find(record->DynamicType());
+        for (const FieldDifference& field : pair.fields) {
+            const Row* row = registrator ? row_of(registrator->Table(), field.label) : nullptr;
+            account_for({record, field, row, version}, before.Line(before.Number(record)));
         }
     }
 }
 
-void Corpus::compare(const DxfSection_Object& before, const DxfSection_Object& after, int version) {
-    ++records_;
-    const auto* registrator = DxfFile_ObjectRegistrator::Find(before.DynamicType());
-    for (const FieldDifference& field : compare_records(before, after)) {
-        const Row* row = registrator ? row_of(registrator->Table(), field.label) : nullptr;
-        if (const char* rule = rule_of({before, field, row, version})) {
-            ++counts_[rule];
-        } else {
-            ADD_FAILURE() << before.DynamicType().name() << " " << field.label << " (" << field.code
-                          << "): " << field.before << " became " << field.after;
-        }
+void Corpus::account_for(const Difference& difference, int line) {
+    if (const char* rule = rule_of(difference)) {
+        ++counts_[rule];
+        return;
     }
+    const FieldDifference& field = difference.field;
+    ADD_FAILURE() << (difference.record ? difference.record->DynamicType().name() : "") << " " << field.label
+                  << " (" << field.code << ") at line " << line << ": " << field.before << " became "
+                  << field.after;
 }
 
 /// Our own files hold nothing that we do not read.

@@ -65,8 +65,8 @@ struct DrawingDifferences {
 
 /// Compares the trees of two drawings. Sections, tables, blocks, table entries and classes are paired by
 /// name. Other records of one type in one container are paired when they are equal, then by their handles
-/// unless the second drawing has other handles throughout, then by their places between paired ones. The
-/// order of records is not compared, and neither is what was reported on them.
+/// unless most of what is paired already has another, then by their places between paired ones. The order of
+/// records is not compared, and neither is what was reported on them.
 ///
 /// A record that refers to another by its handle is unchanged when it refers to the same record, whatever
 /// the handle is now. Time and memory grow with the number of records.

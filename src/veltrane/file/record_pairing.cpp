@@ -77,6 +77,10 @@ private:
         before_[a].partner = b;
         after_[b].partner = a;
     }
+    void count_handles(int a, int b) {
+        if (before_[a].handle <= 0 || after_[b].handle <= 0) return;
+        ++(before_[a].handle == after_[b].handle ? kept_handles_ : other_handles_);
+    }
     bool are_free(int a, int b) const { return !before_.is_paired(a) && !after_.is_paired(b); }
     std::size_t count_differences(int a, int b, const DifferenceFilter& filter);
     bool join_if_equal(int a, int b, const DifferenceFilter& filter);
@@ -96,8 +100,8 @@ private:
     const DifferenceFilter of_content_;
     const DifferenceFilter exactly_;
     ContentHash hash_;
-    long kept_handles_ = 0;   // equal records with one handle
-    long other_handles_ = 0;  // equal records with two
+    long kept_handles_ = 0;   // records of one name or content with one handle
+    long other_handles_ = 0;  // and with two
 };
 
 std::vector<int> unpaired(const RecordTree& tree, const std::vector<int>& places) {
@@ -124,7 +128,7 @@ std::size_t Pairing::count_differences(int a, int b, const DifferenceFilter& fil
 
 bool Pairing::join_if_equal(int a, int b, const DifferenceFilter& filter) {
     if (count_differences(a, b, filter) > 0) return false;
-    ++(before_[a].handle == after_[b].handle ? kept_handles_ : other_handles_);
+    count_handles(a, b);
     join(a, b);
     return true;
 }
@@ -154,7 +158,10 @@ void Pairing::pair_names(int a, int b) {
         return keys;
     };
     Keyed<Key> before = named(before_, a), after = named(after_, b);
-    pair_equal_keys(before, after, [&](int x, int y) { join(x, y); });
+    pair_equal_keys(before, after, [&](int x, int y) {
+        count_handles(x, y);
+        join(x, y);
+    });
 }
 
 std::vector<Group> Pairing::groups(int a, int b) const {
