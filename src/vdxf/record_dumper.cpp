@@ -79,10 +79,11 @@ public:
     }
 
 private:
-    /// "{", "{ClassName", "Label: {" and "Label: {ClassName" open a brace; "{330, 2F}" does not.
+    /// "{", "{ClassName", "Label {", "Label: {" and "Label: {ClassName" open a brace; "{330, 2F}" does not.
     static bool opens(std::string_view text) {
         constexpr std::string_view kAfterLabel = ": \t";
         const std::size_t label = text.find(kAfterLabel);
+        if (label == std::string_view::npos && text.ends_with(" {")) return true;
         if (label != std::string_view::npos) text.remove_prefix(label + kAfterLabel.size());
         return !text.empty() && text.front() == '{' && text.back() != '}';
     }

@@ -167,6 +167,16 @@ TEST(RecordGolden, DumpsAtHigherLevels) {
     EXPECT_NE(short_dump(*record_of("0 LTYPE|49 1|74 2"), 1)
                   .find("Elements={|  {DxfSection_LineTypeElement|Length=1|ElementType=2|"),
               std::string::npos);
+    const std::string multileader = short_dump(
+        *record_of("0 MULTILEADER|300 CONTEXT_DATA{|44 5|302 LEADER{|90 2|304 LEADER_LINE{|91 3|305 }|"
+                   "303 }|301 }"),
+        9);
+    for (const char* part : {"|Context Data {|Inherits DxfSection_Entity|{|", "|Text Height=5|",
+                             "|Leader Data {|Inherits DxfSection_Entity|{|", "|LeaderBranchIndex=2|",
+                             "|LeaderLines={|  {DxfEnt_MLeaderLine|Inherits DxfSection_Entity|{|",
+                             "|Vertex=(0, 0, 0)|LeaderLineIndex=3|  }|}|}|}|LeaderStyleId=0|"}) {
+        EXPECT_NE(multileader.find(part), std::string::npos) << part << "\n" << multileader;
+    }
     EXPECT_EQ(short_dump(*record_of("0 SECTION|2 X|0 CLASS|1 D|0 ENDSEC"), 1),
               "Comment=<NOT DEFINED>|Name=\"X\"|Variables=<NOT DEFINED>|Objects={|  {DxfSection_Class|"
               "DXFName=\"D\"|ProxyFlag=0|WasAProxy=0|IsAnEntity=0|  }|}");
