@@ -3,18 +3,6 @@ each, taken out of the drawing before the reader sees it, and counted. Nothing e
 import collections
 import re
 
-# Undefined values are written as empty lines. Empty handles and texts are fine, but ezdxf refuses a drawing that
-# has an empty line where a number belongs. Codes that are not listed may not have any.
-UNDEFINED = "undefined value as an empty line"
-UNDEFINED_CODES = {
-    "VIEW": (79, 146),
-    "VPORT": (79, 146),
-    "DIMSTYLE": (371, 372),
-    "VERTEX": (71, 72, 73, 74),  # -1, the invisible edge from the first vertex
-    "VIEWPORT": (68,),           # -1, active but not on the screen
-}
-LINEWEIGHT = 370  # of any record: -1, by layer, is written as the undefined integer
-
 # Drawings up to R12 get the subclass markers of later versions. In these records ezdxf then does not look behind
 # them; in all others it copes.
 MARKER = "subclass marker in a drawing of R12 or before"
@@ -67,15 +55,13 @@ def row_of(reader, path, difference):
     return next((row for row in rows if re.match(row[2], difference)), None)
 
 
-def excused_group(record, marked, code, value, early):
+def excused_group(record, marked, code, early):
     if record == "ACDSRECORD":
         return ACDSRECORD
     if record == "SORTENTSTABLE" and marked and code in (5, 331):
         return SORTENTSTABLE
     if code == 100 and early and record in MARKED:
         return MARKER
-    if not value and (code == LINEWEIGHT or code in UNDEFINED_CODES.get(record, ())):
-        return "%s %d: %s" % (record, code, UNDEFINED)
     return None
 
 
@@ -100,7 +86,7 @@ def relieve(path):
         if int(code) == 0:
             record, marked = value.decode("latin-1"), False
         marked = marked or int(code) == 100
-        reason = excused_group(record, marked, int(code), value, early)
+        reason = excused_group(record, marked, int(code), early)
         excused.update([reason] if reason else [])
         kept += [] if reason else [code, value]
     path.write_bytes(b"\n".join(kept) + b"\n")
