@@ -47,10 +47,11 @@ TEST_P(Usage, EndsAndSpeaksAsPromised) {
 const UsageCase kCases[] = {
     {"Help", {"--help"}, 0, "Examples:", ""},
     {"HelpOfCommand", {"convert", "--help"}, 0, "--view", ""},
+    {"HelpOfDiff", {"diff", "--help"}, 0, "Exit codes: 0 the drawings are equal, 1 they differ", ""},
     {"HelpAsWord", {"help", "dump"}, 0, "Levels:", ""},
     {"Version", {"--version"}, 0, "vdxf " VDXF_VERSION, ""},
 
-    {"NoCommand", {}, 2, "", "The commands are info, dump, convert and params"},
+    {"NoCommand", {}, 2, "", "The commands are info, dump, convert, diff and params"},
     {"UnknownCommand", {"convrt", "IN", "x"}, 2, "", "Did you mean convert?"},
     {"OptionBeforeCommand", {"--json", "info", "IN"}, 2, "", "Options stand after the command"},
     {"UnknownOption", {"info", "IN", "--jsno"}, 2, "", "Did you mean --json?"},
