@@ -1,6 +1,9 @@
 #include "vdxf/diff_command.hpp"
 
 #include "vdxf/diff_report.hpp"
+#include "vdxf/message_summary.hpp"
+
+#include <fmt/format.h>
 
 #include <limits>
 #include <memory>
@@ -18,8 +21,18 @@ struct DiffOptions {
     int limit = 0;
 };
 
+/// Groups that reading skips are in neither model, so what changed in them cannot be told.
+void tell_reading(const Drawing& drawing, const Console& console) {
+    const std::string counts = summarize_reading(drawing.model()).counts();
+    if (counts.empty()) return;
+    console.note(fmt::format("{}: {} in reading. What was skipped is not compared; 'vdxf info' tells more.",
+                             drawing.file(), counts));
+}
+
 ExitCode run_diff(const DiffOptions& options, Console& console) {
     const Drawing before(options.before, console), after(options.after, console);
+    tell_reading(before, console);
+    tell_reading(after, console);
     const CompareOptions compared{options.ignored,
                                   options.ignore_handles ? Handles::Never : Handles::WhereRequired};
     const DiffReport report{DiffSide(before), DiffSide(after),
@@ -63,7 +76,8 @@ Command declare_diff(CLI::App& application) {
         "Records are paired by name, content and handle; their order is not compared. A record\n"
         "of which only the handle is another is counted; -v lists it. -v shortens nothing; with\n"
         "-q there is a line with the counts when the drawings differ, and none otherwise.\n\n"
-        "Exit codes: 0 the drawings are equal, 1 they differ, 2 wrong usage, 3 input unreadable.\n\n"
+        "Exit codes: 0 the drawings are equal, 1 they differ (or the result could not be written),\n"
+        "            2 wrong usage, 3 input unreadable.\n\n"
         "Examples:\n"
         "  vdxf diff old.dxf new.dxf\n"
         "  vdxf diff old.dxf new.dxf --ignore '$TDUPDATE' --ignore Layer\n"

@@ -25,6 +25,7 @@ TEST_P(Diff, TellsWhatChanged) {
     const TemporaryFolder folder;
     const std::string a = folder.write("a.dxf", drawing_with(kBefore));
     const std::string b = folder.write("b.dxf", drawing_with(kAfter));
+    folder.write("skipped.dxf", drawing_with("0 LINE 5 2F 77 1"));
     folder.write("binary.dxf", std::string("AutoCAD Binary DXF\r\n\x1A\0\0\0SECTION\0", 32));
     std::vector<std::string> arguments = GetParam().arguments;
     arguments.insert(arguments.begin(), "diff");
@@ -67,6 +68,7 @@ const DiffCase kCases[] = {
      {"A", "B", "--ignore", "EndPoint", "--ignore", "Layer", "--ignore", "PointLocation", "--ignore-handles"},
      0,
      "No differences in 5 records\n"},
+    {"SkippedGroups", {"A", "OUT/skipped.dxf"}, 1, nullptr, "1 warning in reading. What was skipped"},
     {"NoSecondFile", {"A"}, 2, "", "B is required"},
     {"LimitNoNumber", {"A", "B", "--limit", "-1"}, 2, "", "is not an integer"},
     {"Missing", {"A", "OUT/none.dxf"}, 3, "", "none.dxf"},
