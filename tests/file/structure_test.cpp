@@ -2,6 +2,7 @@
 
 #include "support/dxf_text.hpp"
 #include "veltrane/ent/curves.hpp"
+#include "veltrane/ent/inserts.hpp"
 #include "veltrane/file/common.hpp"
 #include "veltrane/section/block.hpp"
 #include "veltrane/section/tables.hpp"
@@ -115,6 +116,16 @@ TEST(Structure, TheTree) {
     EXPECT_EQ(from.model->NbEntities(), 8);
     for (int i = 0; i < 8; ++i) EXPECT_EQ(from.model->Number(order[i]), i + 1);
     EXPECT_EQ(from.reader.CurrentObject(), nullptr);
+}
+
+TEST(Structure, AttributesStandBesideTheirInsert) {
+    TextReader from(
+        dxf("0 SECTION|2 ENTITIES|0 INSERT|66 1|2 b|0 ATTRIB|2 A|0 ATTRIB|2 B|0 SEQEND|0 ENDSEC|0 EOF"));
+    const auto root = root_of(from);
+    const auto* entities = as<DxfSection_Section>(root->Sections->Value(1).get());
+    EXPECT_EQ(length(entities->Objects), 4);
+    EXPECT_EQ(as<DxfEnt_Insert>(entities->Objects->Value(1).get())->AttrFollowFlag, 1);
+    EXPECT_EQ(as<DxfEnt_Attrib>(entities->Objects->Value(3).get())->AttributeTag, "B");
 }
 
 TEST(Structure, ThumbnailGroupsAreSkippedWithAWarningEach) {
