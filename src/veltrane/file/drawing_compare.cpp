@@ -16,13 +16,13 @@ namespace {
 /// The values of a variable's groups; with their codes where the values alone do not tell what changed.
 std::string value_text(const DxfSection_Variable& variable, bool with_codes) {
     std::string text;
-    if (!variable.Value) return text;
-    for (const DxfSection_DxfGroup& group : *variable.Value) {
-        if (!text.empty()) text += ", ";
+    for (int number = 1; number <= length(variable.Value); ++number) {
+        const DxfSection_DxfGroup& group = variable.Value->Value(number);
+        if (number > 1) text += ", ";
         if (with_codes) text += std::to_string(group.Code) + " ";
         text += group.Value.view();
     }
-    return variable.Value->Length() > 1 ? "(" + text + ")" : text;
+    return length(variable.Value) > 1 ? "(" + text + ")" : text;
 }
 
 /// True for the versions that want a handle on every record; false also for a drawing without a version.

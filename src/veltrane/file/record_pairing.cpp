@@ -4,6 +4,7 @@
 #include "veltrane/file/record_name.hpp"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <string>
 #include <tuple>
@@ -41,6 +42,11 @@ struct Group {
     std::string_view type;
     std::vector<int> before;
     std::vector<int> after;
+};
+
+struct Likeness {
+    std::ptrdiff_t differences = 0;  ///< that matter
+    bool is_identical = false;       ///< not even others
 };
 
 class Pairing {
@@ -82,7 +88,7 @@ private:
         ++(before_[a].handle == after_[b].handle ? kept_handles_ : other_handles_);
     }
     bool are_free(int a, int b) const { return !before_.is_paired(a) && !after_.is_paired(b); }
-    std::size_t count_differences(int a, int b, const DifferenceFilter& filter);
+    Likeness likeness(int a, int b, const DifferenceFilter& filter) const;
     bool join_if_equal(int a, int b, const DifferenceFilter& filter);
 
     std::vector<Group> pair_equal(int a, int b);
@@ -116,20 +122,22 @@ std::vector<int> reversed(std::vector<int> places) {
     return places;
 }
 
-std::size_t Pairing::count_differences(int a, int b, const DifferenceFilter& filter) {
+Likeness Pairing::likeness(int a, int b, const DifferenceFilter& filter) const {
     const DxfSection_Object& before = *before_[a].record;
     const DxfSection_Object& after = *after_[b].record;
     const auto found = compare_records(before, after, ContainedRecords::Compare);
-    before_[a].is_identical = found.empty();
-    return static_cast<std::size_t>(std::count_if(
-        found.begin(), found.end(),
-        [&](const FieldDifference& difference) { return filter.matters(difference, before, after); }));
+    const auto matters = [&](const FieldDifference& difference) {
+        return filter.matters(difference, before, after);
+    };
+    return {std::count_if(found.begin(), found.end(), matters), found.empty()};
 }
 
 bool Pairing::join_if_equal(int a, int b, const DifferenceFilter& filter) {
-    if (count_differences(a, b, filter) > 0) return false;
+    const Likeness found = likeness(a, b, filter);
+    if (found.differences > 0) return false;
     count_handles(a, b);
     join(a, b);
+    before_[a].is_identical = found.is_identical;
     return true;
 }
 
@@ -268,9 +276,9 @@ void Pairing::pair_gap(const std::vector<int>& before, const std::vector<int>& a
         for (std::size_t i = 0; i < std::min(before.size(), after.size()); ++i) join(before[i], after[i]);
         return;
     }
-    std::vector<std::tuple<std::size_t, int, int>> candidates;
+    std::vector<std::tuple<std::ptrdiff_t, int, int>> candidates;
     for (const int a : before) {
-        for (const int b : after) candidates.emplace_back(count_differences(a, b, of_content_), a, b);
+        for (const int b : after) candidates.emplace_back(likeness(a, b, of_content_).differences, a, b);
     }
     std::sort(candidates.begin(), candidates.end());
     for (const auto& [differences, a, b] : candidates) {
