@@ -16,7 +16,9 @@ namespace veltrane::fuzz {
 inline Ref<DxfSection_Model> read(const std::uint8_t* bytes, std::size_t size) {
     auto model = make<DxfSection_Model>();
     std::istringstream stream(std::string(reinterpret_cast<const char*>(bytes), size));
-    DxfFile_FileReader reader(model);
+    constexpr std::size_t kSmallBlock = 4096;  // for speed, and to meet the ends of blocks
+    DxfFile_FileReader reader(model, kSmallBlock);
+    reader.FillAbsent(true);
     reader.Next(stream);
     model->SetDxfFile(DxfFile_RWDxfFile::Read(stream, reader));
     model->AssignHandles();
@@ -26,6 +28,7 @@ inline Ref<DxfSection_Model> read(const std::uint8_t* bytes, std::size_t size) {
 inline std::string written(const Ref<DxfSection_Model>& model) {
     std::ostringstream stream;
     DxfFile_FileWriter writer(model);
+    writer.SetPortable(true);
     DxfFile_RWDxfFile::Write(stream, writer, *model->DxfFile());
     return stream.str();
 }

@@ -22,6 +22,7 @@ namespace veltrane::tool {
 namespace {
 
 constexpr const char* kVersionParameter = "write.dxf.version";
+constexpr const char* kMarkersParameter = "write.dxf.r12.markers";
 
 enum class Target { Dxf, Svg, Pdf, Png, Text };
 
@@ -130,7 +131,9 @@ void check_options(const CLI::App& parser, Target target) {
 }
 
 /// A drawing keeps its version unless the user asks for another.
+/// A drawing keeps its version, and what is written for R12 or before has only what readers of these know.
 void set_version(const ConvertOptions& options) {
+    if (!options.common.sets(kMarkersParameter)) StaticParameters::SetText(kMarkersParameter, "Off");
     if (!options.dxf_version.empty()) {
         StaticParameters::SetText(kVersionParameter, options.dxf_version);
     } else if (!options.common.sets(kVersionParameter)) {

@@ -31,7 +31,9 @@ void print_text(std::ostream& out, const std::vector<ParameterInfo>& parameters)
         fmt::print(out, "{} = {}\n    {}, default {}: {}\n", info.name, info.value, type_label(info.type),
                    info.default_value, legal_values(info));
     }
-    fmt::print(out, "\nvdxf convert leaves a drawing its version unless write.dxf.version is set.\n");
+    fmt::print(out,
+               "\nvdxf convert leaves a drawing its version unless write.dxf.version is set, and writes "
+               "no\nsubclass markers for R12 and before unless write.dxf.r12.markers is On.\n");
 }
 
 Json to_json(const std::vector<ParameterInfo>& parameters) {

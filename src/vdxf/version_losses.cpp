@@ -53,7 +53,9 @@ Groups without(const Groups& groups, const Groups& others) {
 /// Writes records one at a time as for a file of one version.
 class RecordWriter {
 public:
-    explicit RecordWriter(std::string_view version) : model_(model_of(version)), writer_(model_) {}
+    explicit RecordWriter(std::string_view version) : model_(model_of(version)), writer_(model_) {
+        writer_.SetPortable(true);
+    }
 
     /// Valid until the next call.
     std::string_view write(const DxfSection_Object& record) {
@@ -111,6 +113,7 @@ private:
         if (is_new && registrator) {
             std::istringstream nothing("  0\nEOF\n");
             DxfFile_FileReader reader(make<DxfSection_Model>());
+            reader.FillAbsent(true);
             // A writer of its own: what the others have written is being compared.
             fresh.text = RecordWriter(kOthers[version]).write(*registrator->Read(nothing, reader));
             fresh.groups = groups_in(fresh.text);

@@ -120,6 +120,49 @@ TEST_F(WorkLibrary, WritesForAVersion) {
     StaticParameters::SetText("write.dxf.version", "R14");
 }
 
+TEST_F(WorkLibrary, FilesSuitOtherPrograms) {
+    struct Row {
+        const char* version;
+        const char* in;
+        const char* out;
+    };
+    const Row rows[] = {
+        // Undefined values are left out, and -1 is written where it is a value.
+        {"AC1018", "0 VIEW|5 A|2 v", "281 0|72 0|0 ENDSEC"},
+        {"AC1018", "0 VERTEX|5 A|370 -1|71 -1", "|370 -1|100 AcDbVertex|10 0.0|20 0.0|30 0.0|70 0|71 -1|"},
+        // What a drawing lacks keeps the meaning that it has without.
+        {"AC1018", "0 POINT|5 A|8 0", "|8 0|370 -1|"},
+        {"AC1018", "0 LAYER|5 A|2 l|70 0|62 7", "|290 1|390 0|"},
+        {"AC1018", "0 MTEXT|5 A|11 0|21 1|31 0", "|11 0.0|21 1.0|31 0.0|44 1.0|0 ENDSEC"},
+        // Extended data goes back as it came, before the records that a record contains.
+        {"AC1018", "0 POLYLINE|5 A|1001 X|1002 {|1070 1|1002 }|1000 b|0 VERTEX|5 B|0 SEQEND|5 C",
+         "|1001 X|1002 {|1070 1|1002 }|1000 b|0 VERTEX|"},
+        {"AC1024", "0 ACDSRECORD|90 1|2 ID|280 10|320 2F|94 2|310 0A0B",
+         "0 ACDSRECORD|90 1|2 ID|280 10|320 2F|94 2|310 0A0B|0 ENDSEC"},
+        {"AC1018", "0 SORTENTSTABLE|5 A|331 B|5 C|331 D|5 E", "|331 B|5 C|331 D|5 E|"},
+        // The first free handle, also beside records that are kept whole.
+        {"AC1018", "0 THING|5 1AF|0 POINT|5 A", "9 $HANDSEED|5 1B0|"},
+    };
+    StaticParameters::SetText("write.dxf.version", "Undef");
+    for (const Row& row : rows) {
+        const std::string in = std::string("0 SECTION|2 HEADER|9 $ACADVER|1 ") + row.version +
+                               "|0 ENDSEC|0 SECTION|2 X|" + row.in + "|0 ENDSEC|0 EOF";
+        ASSERT_EQ(read(folder.file("a.dxf", dxf(in))), 0);
+        ASSERT_TRUE(write(folder.file("b.dxf"), model));
+        const std::string text = short_form(TemporaryFolder::content(folder.file("b.dxf")));
+        EXPECT_NE(text.find(row.out), std::string::npos) << row.out << "\nin " << text;
+    }
+    StaticParameters::SetText("write.dxf.version", "R12");
+    for (const char* setting : {"On", "Off"}) {
+        StaticParameters::SetText("write.dxf.r12.markers", setting);
+        ASSERT_TRUE(write(folder.file("b.dxf"), model));
+        EXPECT_EQ(TemporaryFolder::content(folder.file("b.dxf")).find("100\n") == std::string::npos,
+                  std::string("Off") == setting);
+    }
+    StaticParameters::SetText("write.dxf.r12.markers", "On");
+    StaticParameters::SetText("write.dxf.version", "R14");
+}
+
 TEST_F(WorkLibrary, WhatCannotBeWritten) {
     ASSERT_EQ(read(folder.file("a.dxf", dxf(kDrawing))), 0);
     for (const std::string& name :

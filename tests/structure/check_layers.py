@@ -16,7 +16,7 @@ BELOW = {
     "exchange": "base kernel",
     "acis": "base kernel",
     "section": "base kernel exchange ent",
-    "ent": "base kernel exchange section",
+    "ent": "base kernel exchange acis section",
     "file": "base kernel exchange acis section ent",
     "data": "base kernel exchange acis section ent file sat",
     "sat": "base kernel exchange acis section ent file data",

@@ -56,7 +56,8 @@ const RecordTable& record_table<DxfEnt_MText>() {
          string(7, "Style", &Record::Style).unless(kStandardTextStyle),
          point(210, "ExtrusionDir", &Record::ExtrusionDir).unless_z_axis(),
          point(11, "XAxis", &Record::XAxis), real(42, "CharWidth", &Record::CharWidth).unless_undefined(),
-         real(43, "RectHeight", &Record::RectHeight).unless_undefined(), real(50, "Angle", &Record::Angle),
+         real(43, "RectHeight", &Record::RectHeight).unless_undefined(),
+         real(50, "Angle", &Record::Angle).absent_as(kUndefinedReal).empty_if_undefined(),
          integer(73, "LineSpacingStyle", &Record::LineSpacingStyle).unless_undefined(),
          real(44, "LineSpacingFactor", &Record::LineSpacingFactor).unless_undefined()});
     return table;

@@ -6,6 +6,7 @@ namespace veltrane {
 
 namespace {
 
+constexpr int kByLayer = -1;
 constexpr int kDeepestExtendedData = 64;  // the format allows far fewer levels
 
 // Pieces of a handled record
@@ -31,6 +32,9 @@ void dump_app_data(std::ostream& stream, const Transient& record, int level) {
 bool read_extended_data(std::istream& stream, DxfFile_FileReader& reader, Transient& record) {
     auto data = make<DxfSection_XAppData>();
     data->XAppName = reader.Value();
+    data->Groups = make<DxfSection_HSequenceOfDxfGroup>();
+    constexpr std::int32_t kFirstExtended = 1000;
+    reader.CopyGroups(data->Groups.get(), kFirstExtended);
     reader.Next(stream);
     data->XData = DxfFile_RWXData::Read(stream, reader);
     append(static_cast<DxfSection_HandledObject&>(record).XAppData, data);
@@ -48,6 +52,29 @@ void dump_extended_data(std::ostream& stream, const Transient& record, int level
     }
 }
 
+/// The first owner counts: some records name another record by the same code further on.
+bool read_owner(std::istream& stream, DxfFile_FileReader& reader, Transient& record) {
+    auto& owner = static_cast<DxfSection_HandledObject&>(record).Owner;
+    const std::int32_t handle = reader.ReadHex(stream);
+    if (is_undefined(owner)) {
+        owner = handle;
+    } else if (owner != handle) {
+        reader.SendUnrecognized();
+    }
+    return true;
+}
+
+/// An object embedded in a record lasts to the record's extended data or end. Its groups have the codes of
+/// the record's own, and are none of them.
+bool skip_embedded_object(std::istream& stream, DxfFile_FileReader& reader, Transient& /*record*/) {
+    const std::int32_t first_line = reader.LineNumber();
+    int groups = 0;
+    for (; reader.HasGroup() && reader.Code() != 0 && reader.Code() != 1001; reader.Next(stream)) ++groups;
+    reader.SendWarning({"An embedded object of %d groups is skipped at line %d", groups, first_line});
+    reader.PushBack();
+    return true;
+}
+
 bool is_extended(int code) {
     return code == 1000 || (code >= 1003 && code <= 1071);
 }
@@ -60,7 +87,9 @@ std::vector<Row> handled_rows(int handle_code) {
     using Record = DxfSection_HandledObject;
     return {rows::handle(handle_code, "Handle", &Record::Handle),
             rows::piece(102, {&read_app_data, &write_app_data, &dump_app_data}),
-            rows::handle(330, "Owner", &Record::Owner).unless_undefined(),
+            rows::piece(330, {&read_owner, nullptr, nullptr}),
+            rows::handle(330, "Owner", &Record::Owner).unless_undefined().not_read(),
+            rows::piece(101, {&skip_embedded_object, nullptr, nullptr}),
             rows::string(1000, "XDataName", &Record::XDataName).never_written(),
             rows::piece(1001, {&read_extended_data, nullptr, &dump_extended_data})};
 }
@@ -82,7 +111,7 @@ const RecordTable& record_table<DxfSection_Entity>() {
          rows::string(6, "Linetype", &Record::Linetype).unless("BYLAYER"),
          rows::integer(62, "Color", &Record::Color).unless(256),
          rows::real(38, "Elevation0", &Record::Elevation0).unless(0).below(1010),
-         rows::integer(370, "Lineweight", &Record::Lineweight).since(1016),
+         rows::integer(370, "Lineweight", &Record::Lineweight).absent_as(kByLayer).since(1016),
          rows::real(48, "LinetypeScale", &Record::LinetypeScale).unless(1.0),
          rows::integer(60, "Visibility", &Record::Visibility).unless(0),
          rows::integer(92, "ImageLength", &Record::ImageLength).unless_undefined(),
@@ -102,7 +131,11 @@ void write_extended_data(std::ostream& stream, DxfFile_FileWriter& writer, const
     if (!applications) return;
     for (const auto& data : *applications) {
         writer.WriteText(stream, 1001, data->XAppName);
-        if (data->XData) DxfFile_RWXData::Write(stream, writer, *data->XData);
+        if (writer.IsPortable() && data->Groups) {
+            for (const auto& group : *data->Groups) writer.WriteText(stream, group.Code, group.Value);
+        } else if (data->XData) {
+            DxfFile_RWXData::Write(stream, writer, *data->XData);
+        }
     }
 }
 

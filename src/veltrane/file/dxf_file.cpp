@@ -128,6 +128,7 @@ void register_parameters() {
     StaticParameters::RegisterEnumeration(kCommonFamily, "write.dxf.version", 11,
                                           {"Undef", "R12", "R13", "R14", "R2000", "R2004", "R2007", "R2010"},
                                           "R14");
+    StaticParameters::RegisterEnumeration(kCommonFamily, "write.dxf.r12.markers", 0, {"Off", "On"}, "On");
     StaticParameters::Register(kCommonFamily, "write.dxf.resource.name", 't', "DXF");
     StaticParameters::Register(kCommonFamily, "read.dxf.resource.name", 't', "DXF");
     StaticParameters::Register(kCommonFamily, "write.dxf.sequence", 't', "ToDXF");

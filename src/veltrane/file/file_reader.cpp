@@ -19,7 +19,6 @@ namespace veltrane {
 
 namespace {
 
-constexpr std::size_t kBlockSize = 256 * 1024;
 constexpr std::size_t kPadding = 32;  // bytes past a block that may be read, whatever they hold
 constexpr std::size_t kLongestLine = 2039;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -75,8 +74,10 @@ private:
     DxfFile_FileReader& reader_;
 };
 
-DxfFile_FileReader::DxfFile_FileReader(const Ref<ExchangeModel>& model)
-    : model_(model), buffer_(new char[kBlockSize + kPadding]()) {
+DxfFile_FileReader::DxfFile_FileReader(const Ref<ExchangeModel>& model, std::size_t block_size)
+    : model_(model),
+      block_size_(std::max(block_size, kLongestLine + 1)),
+      buffer_(new char[block_size_ + kPadding]()) {
     at_ = end_ = buffer_.get();
 }
 
@@ -96,7 +97,7 @@ bool DxfFile_FileReader::refill(std::istream& stream) {
     value_ = kept_value_;
     const auto left = static_cast<std::size_t>(end_ - at_);
     std::memmove(buffer_.get(), at_, left);
-    stream.read(buffer_.get() + left, static_cast<std::streamsize>(kBlockSize - left));
+    stream.read(buffer_.get() + left, static_cast<std::streamsize>(block_size_ - left));
     const auto came = static_cast<std::size_t>(stream.gcount());
     if (!stream) source_empty_ = true;
     if (stream.bad()) {
@@ -181,6 +182,20 @@ void DxfFile_FileReader::Next(std::istream& stream) {
     while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) line.remove_suffix(1);
     value_ = line;
     has_group_ = true;
+    if (copies_) copy_group();
+}
+
+void DxfFile_FileReader::CopyGroups(DxfSection_HSequenceOfDxfGroup* groups, std::int32_t lowest_code) {
+    copies_ = groups;
+    lowest_copied_ = lowest_code;
+}
+
+void DxfFile_FileReader::copy_group() {
+    if (code_ < lowest_copied_ || code_ == 1001) {
+        copies_ = nullptr;
+    } else {
+        copies_->Append({code_, Value()});
+    }
 }
 
 // Values
@@ -273,6 +288,7 @@ void DxfFile_FileReader::SendWarning(const Message& message) {
 }
 
 void DxfFile_FileReader::SendUnrecognized() {
+    if (copies_) return;  // it is kept there
     SendWarning({"DxfFile_RWObject: Unrecognized group (code %d) skipped at line %d", code_, line_number_});
 }
 

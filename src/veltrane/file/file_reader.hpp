@@ -31,8 +31,11 @@ class DxfFile_FileReader : public Typed<DxfFile_FileReader, Transient> {
 public:
     static constexpr const char* kTypeName = "DxfFile_FileReader";
 
-    /// Records, fails and warnings go to `model`.
-    explicit DxfFile_FileReader(const Ref<ExchangeModel>& model);
+    static constexpr std::size_t kBlockSize = 256 * 1024;
+
+    /// Records, fails and warnings go to `model`. The stream is read in blocks of `block_size` bytes, at
+    /// least those of a line.
+    explicit DxfFile_FileReader(const Ref<ExchangeModel>& model, std::size_t block_size = kBlockSize);
     ~DxfFile_FileReader() override;
 
     const Ref<ExchangeModel>& Model() const { return model_; }
@@ -82,6 +85,15 @@ public:
     /// Reads the whole record that begins at the current group 0; null when there is none.
     Ref<DxfSection_Object> ReadObject(std::istream& stream);
 
+    /// From the next group on, groups are also appended to `groups`, as long as their codes are `lowest_code`
+    /// or above: up to the next record, and to the next 1001. Ends an earlier copying; null only does that.
+    void CopyGroups(DxfSection_HSequenceOfDxfGroup* groups, std::int32_t lowest_code = 1);
+
+    /// True to give a record that lacks a group the value that its absence stands for in drawings; false, as
+    /// at first, to leave it the value of a new record.
+    bool FillsAbsent() const { return fills_absent_; }
+    void FillAbsent(bool fill) { fills_absent_ = fill; }
+
     /// Where a record that keeps groups gathers them; each takes its own away when it ends.
     std::vector<DxfSection_DxfGroup>& GroupBuffer() { return groups_; }
 
@@ -98,6 +110,7 @@ public:
 private:
     friend class NestingLevel;
 
+    void copy_group();
     bool take_line(std::istream& stream, std::string_view& line);
     bool next_line(std::istream& stream, std::string_view& line);
     bool refill(std::istream& stream);
@@ -118,8 +131,12 @@ private:
     bool stream_good_ = true;    // as seen line by line: false once the end was met inside a line
     bool source_empty_ = false;  // the stream has nothing more to give
     char delimiter_ = '\n';
+    bool fills_absent_ = false;
     int nesting_ = 0;
+    std::int32_t lowest_copied_ = 1;
+    DxfSection_HSequenceOfDxfGroup* copies_ = nullptr;
 
+    std::size_t block_size_;
     std::unique_ptr<char[]> buffer_;
     const char* at_ = nullptr;
     const char* end_ = nullptr;

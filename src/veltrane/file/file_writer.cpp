@@ -81,6 +81,7 @@ void DxfFile_FileWriter::Flush(std::ostream& stream) {
 }
 
 void DxfFile_FileWriter::WriteString(std::ostream& stream, int code, std::string_view text) {
+    if (code == 100 && !WritesMarkers()) return;
     if (text.size() > kBufferSize / 2) {  // longer than the buffer is meant for
         at_ = begin_group(stream, code, 0);
         Flush(stream);

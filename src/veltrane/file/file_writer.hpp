@@ -31,10 +31,14 @@ public:
     bool Status() const { return status_; }
     /// 1009 for R12, 1012 R13, 1014 R14, 1015 R2000, 1018 R2004, 1021 R2007, 1024 R2010.
     int Version() const { return version_; }
-    /// True to leave out the groups of undefined values, which other programs do not read; false, as at
-    /// first, to write them with empty values.
-    bool LeavesOutUndefined() const { return leaves_out_undefined_; }
-    void LeaveOutUndefined(bool leave_out) { leaves_out_undefined_ = leave_out; }
+    /// True for a whole file, which other programs are to read: undefined values are left out and extended
+    /// data goes back as it came. False, as at first, for the groups that make up a record and no more;
+    /// undefined values are then written as empty ones.
+    bool IsPortable() const { return is_portable_; }
+    void SetPortable(bool portable) { is_portable_ = portable; }
+    /// False to leave out subclass markers, the groups 100, where the version does not know them: before R13.
+    bool WritesMarkers() const { return writes_markers_ || version_ >= kFirstWithMarkers; }
+    void WriteMarkers(bool write) { writes_markers_ = write; }
 
     void WriteString(std::ostream& stream, int code, std::string_view text);
     /// A null text is written as an empty value, with a fail.
@@ -68,7 +72,9 @@ private:
     const DxfSection_Object* current_ = nullptr;
     bool status_;
     int version_ = 1015;
-    bool leaves_out_undefined_ = false;
+    static constexpr int kFirstWithMarkers = 1012;
+    bool is_portable_ = false;
+    bool writes_markers_ = true;
     std::unique_ptr<char[]> buffer_;
     char* at_;
 };

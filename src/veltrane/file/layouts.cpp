@@ -6,6 +6,18 @@ namespace veltrane {
 
 using namespace rows;
 
+namespace {
+
+/// Later versions put groups of their own before the last of the plot settings.
+bool read_plot_setting(std::istream& stream, DxfFile_FileReader& reader, Transient& record) {
+    const auto& settings = static_cast<DxfEnt_Layout&>(record).PlotSettings;
+    if (settings) return DxfFile_RWPlotSettingsData::ReadField(stream, reader, *settings);
+    reader.SendUnrecognized();
+    return true;
+}
+
+}  // namespace
+
 template <>
 const RecordTable& record_table<DxfEnt_PlotSettingsData>() {
     using Record = DxfEnt_PlotSettingsData;
@@ -55,7 +67,9 @@ const RecordTable& record_table<DxfEnt_Layout>() {
     using Record = DxfEnt_Layout;
     static const RecordTable table(
         "DxfEnt_Layout",
-        {base(record_table<DxfSection_NgEntity>()),
+        {base(record_table<DxfSection_NgEntity>()), piece(147, {&read_plot_setting, nullptr, nullptr}),
+         piece(148, {&read_plot_setting, nullptr, nullptr}),
+         piece(149, {&read_plot_setting, nullptr, nullptr}),
          record<&Record::PlotSettings>(100, "PlotSettings", record_table<DxfEnt_PlotSettingsData>())
              .opened_by("AcDbPlotSettings"),
          string(100, "SubclassMarker2", &Record::SubclassMarker2),

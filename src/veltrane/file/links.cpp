@@ -19,6 +19,24 @@ bool read_sort_handle(std::istream& stream, DxfFile_FileReader& reader, Transien
     return true;
 }
 
+/// In files, each entity has its sort handle beside it, as long as there are as many of the one as of the
+/// other.
+void write_sort_handles(std::ostream& stream, DxfFile_FileWriter& writer, const Transient& record) {
+    const auto& sort_table = static_cast<const DxfEnt_SortEntStable&>(record);
+    const int entities = length(sort_table.EntSoftPointerIDs);
+    const int handles = length(sort_table.EntSortPointerHandle);
+    const auto write_handle = [&](int number) {
+        writer.WriteHex(stream, 5, sort_table.EntSortPointerHandle->Value(number));
+    };
+    const bool paired = writer.IsPortable() && entities == handles;
+    for (int number = 1; number <= entities; ++number) {
+        writer.WriteHex(stream, 331, sort_table.EntSoftPointerIDs->Value(number));
+        if (paired) write_handle(number);
+    }
+    if (paired) return;
+    for (int number = 1; number <= handles; ++number) write_handle(number);
+}
+
 }  // namespace
 
 template <>
@@ -39,9 +57,9 @@ const RecordTable& record_table<DxfEnt_SortEntStable>() {
     static const RecordTable table(
         "DxfEnt_SortEntStable",
         {base(record_table<DxfSection_NgEntity>()), marker("AcDbSortentsTable"),
-         handles(331, "EntSoftPointerIDs", &Record::EntSoftPointerIDs),
-         piece(5, {&read_sort_handle, nullptr, nullptr}),
-         handles(5, "EntSortPointerHandle", &Record::EntSortPointerHandle).not_read()});
+         handles(331, "EntSoftPointerIDs", &Record::EntSoftPointerIDs).never_written(),
+         handles(5, "EntSortPointerHandle", &Record::EntSortPointerHandle).not_read().never_written(),
+         piece(5, {&read_sort_handle, &write_sort_handles, nullptr})});
     return table;
 }
 

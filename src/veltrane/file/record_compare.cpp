@@ -83,14 +83,14 @@ private:
     void sub_records(const Row& row, const Transient& before, const Transient& after);
     void piece(const Row& row, const Transient& before, const Transient& after);
 
-    template <class T>
-    void list(const Row& row, const Ref<Sequence<T>>& before, const Ref<Sequence<T>>& after) {
+    template <class T, class ToText>
+    void list(const Row& row, const Ref<Sequence<T>>& before, const Ref<Sequence<T>>& after, ToText text) {
         if (before == after) return;
         if (!lengths(row.label, row.code, before ? before->Length() : -1, after ? after->Length() : -1))
             return;
         for (int number = 1; number <= length(before); ++number) {
-            values(numbered(row.label, number), row.code, text_of(before->Value(number)),
-                   text_of(after->Value(number)));
+            values(numbered(row.label, number), row.code, text(before->Value(number)),
+                   text(after->Value(number)));
         }
     }
 
@@ -124,24 +124,25 @@ void Comparison::compare_row(const Row& row, const Transient& before, const Tran
             if (before.*field.point2 == after.*field.point2) return;
             return value(field.point2, plain);
         case ValueKind::Reals:
-            return list(row, before.*field.reals, after.*field.reals);
+            return list(row, before.*field.reals, after.*field.reals, plain);
         case ValueKind::Integers:
+            return list(row, before.*field.integers, after.*field.integers, plain);
         case ValueKind::Handles:
-            return list(row, before.*field.integers, after.*field.integers);
+            return list(row, before.*field.integers, after.*field.integers, handle_text_of);
         case ValueKind::Points:
-            return list(row, before.*field.points, after.*field.points);
+            return list(row, before.*field.points, after.*field.points, plain);
         case ValueKind::Points2:
-            return list(row, before.*field.points2, after.*field.points2);
+            return list(row, before.*field.points2, after.*field.points2, plain);
         case ValueKind::Strings:
-            return list(row, before.*field.texts, after.*field.texts);
+            return list(row, before.*field.texts, after.*field.texts, plain);
         case ValueKind::BinData: {
             const auto lines = [](const Ref<DxfSection_BinData>& data) {
                 return data ? data->Value : Ref<Sequence<Text>>();
             };
-            return list(row, lines(before.*field.bin_data), lines(after.*field.bin_data));
+            return list(row, lines(before.*field.bin_data), lines(after.*field.bin_data), plain);
         }
         case ValueKind::Groups:
-            return list(row, before.*field.groups, after.*field.groups);
+            return list(row, before.*field.groups, after.*field.groups, plain);
         case ValueKind::Counted:
             value(field.integer, plain);
             return compare_row(row.elements_row(), before, after);

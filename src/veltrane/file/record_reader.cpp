@@ -41,8 +41,7 @@ private:
     std::vector<const Row*> met_;
 };
 
-/// A handle that is undefined until it comes tells by itself that it came before, as an owner does that a
-/// record has both at its head and among its own groups.
+/// A handle that is undefined until it comes tells by itself that it came before.
 void read_handle(const Row& row, std::istream& stream, DxfFile_FileReader& reader, std::int32_t& handle) {
     const std::int32_t before = handle;
     handle = reader.ReadHex(stream);
@@ -222,6 +221,17 @@ bool read_by(const RecordTable& table, const Row* row, std::istream& stream, Dxf
     return true;
 }
 
+/// Gives the fields whose absence stands for a value that value, to be kept unless their groups come.
+void fill_absent(const RecordTable& table, Transient& record) {
+    for (const Row* row : table.with_absent()) {
+        if (row->kind == ValueKind::Real) {
+            record.*row->field.real = row->absent;
+        } else {
+            record.*row->field.integer = static_cast<std::int32_t>(row->absent);
+        }
+    }
+}
+
 /// Takes the groups that belong to the base: handle, application data and owner, and what stands between the
 /// marker of the entities and the next one. Further on, a record may give their codes a meaning of its own.
 void read_head(const RecordTable& table, std::istream& stream, DxfFile_FileReader& reader,
@@ -285,6 +295,7 @@ void read_record(const RecordTable& table, std::istream& stream, DxfFile_FileRea
     DxfSection_Object* const enclosing = reader.CurrentObject();
     if (reader.Model()) reader.Model()->AddEntity(record, reader.LineNumber());
     reader.SetCurrentObject(record.get());
+    if (reader.FillsAbsent()) fill_absent(table, *record);
     read_head(table, stream, reader, *record);
     if (table.rest()) {
         read_with_rest(table, stream, reader, *record);

@@ -14,6 +14,11 @@ RecordTable::RecordTable(const char* class_name, std::vector<Row> rows)
             if ((row.kind == ValueKind::Marker || row.kind == ValueKind::Constant) == dropping) index(row);
         }
     }
+    for (const Row& row : rows_) {
+        if (row.has_absent) with_absent_.push_back(&row);
+    }
+    if (base_)
+        with_absent_.insert(with_absent_.end(), base_->with_absent_.begin(), base_->with_absent_.end());
     // Own rows come before the base's, so that a record may give a common code its own meaning.
     for (int code = 0; base_ && code < kCodes; ++code) {
         const Row* inherited = base_->find(code);
@@ -30,7 +35,7 @@ const Row* RecordTable::alternative_to(const Row& row) const {
 
 void RecordTable::index(const Row& row) {
     if (row.kind == ValueKind::Base) base_ = row.base;
-    if (row.kind == ValueKind::Groups) rest_ = &row;
+    if (row.kind == ValueKind::Groups && row.is_read) rest_ = &row;
     if (row.keeps_last) keeps_last_ = true;
     if (row.code < 0 || !row.is_read) return;
     index(row, row.code);

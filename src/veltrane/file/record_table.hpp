@@ -130,6 +130,8 @@ struct Row {
     bool (*applies)(const Transient& record) = nullptr;
     Field field;
     const char* label = nullptr;
+    double absent = 0;  ///< what a drawing means that lacks the group, if `has_absent`
+    bool has_absent = false;
     double number = 0;           ///< of Constant, or to compare with
     const char* text = nullptr;  ///< of Marker, or to compare with
     const RecordTable* base = nullptr;
@@ -163,6 +165,12 @@ struct Row {
     /// Written for drawings before this version number.
     Row below(int version) const {
         return with(&Row::below_version, static_cast<std::int16_t>(version), omit);
+    }
+    /// In drawings the absence of the group stands for this value, whatever a new record has.
+    Row absent_as(double value) const {
+        Row row = with(&Row::absent, value, omit);
+        row.has_absent = true;
+        return row;
     }
     Row not_dumped() const { return with(&Row::is_dumped, false, omit); }
     /// Binary data is told as being there, whatever the level of the dump.
@@ -414,6 +422,8 @@ public:
     const Row* alternative_to(const Row& row) const;
     /// The table at the end of the bases: this one when it has none.
     const RecordTable& root() const { return base_ ? base_->root() : *this; }
+    /// The rows, those of the bases included, whose absence in drawings stands for a value.
+    const std::vector<const Row*>& with_absent() const { return with_absent_; }
     /// True for one of its bases, and for itself.
     bool stands_on(const RecordTable& base) const {
         return this == &base || (base_ && base_->stands_on(base));
@@ -434,6 +444,7 @@ private:
     const Row* rest_ = nullptr;
     bool keeps_last_ = false;
     std::vector<const Row*> readers_;
+    std::vector<const Row*> with_absent_;
     std::array<std::uint8_t, kCodes> index_;
 };
 

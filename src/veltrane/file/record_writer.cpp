@@ -4,6 +4,7 @@
 #include "veltrane/file/record_io.hpp"
 
 #include <cmath>
+#include <utility>
 
 namespace veltrane {
 
@@ -61,7 +62,7 @@ bool is_omitted(const Row& row, const Transient& record, const DxfFile_FileWrite
         case Omit::IfUndefined:
             return is_undefined_field(row, record);
         case Omit::EmptyIfUndefined:
-            return writer.LeavesOutUndefined() && is_undefined_field(row, record);
+            return writer.IsPortable() && is_undefined_field(row, record);
         case Omit::Always:
             return true;
     }
@@ -169,7 +170,15 @@ void write_record(const RecordTable& table, std::ostream& stream, DxfFile_FileWr
                   const DxfSection_Object& record) {
     const DxfSection_Object* enclosing = writer.CurrentObject();
     writer.SetCurrentObject(&record);
-    write_fields(table, stream, writer, record);
+    const Row* extended = table.find(1001);
+    bool writes_extended = writer.IsPortable() && extended && !extended->piece.write;
+    for (const Row& row : table.rows()) {
+        if (row.code == 0 && std::exchange(writes_extended, false)) {  // before the records that it contains
+            write_extended_data(stream, writer, record);
+        }
+        if (!is_omitted(row, record, writer)) write_row(row, stream, writer, record);
+    }
+    if (writes_extended) write_extended_data(stream, writer, record);
     writer.SetCurrentObject(enclosing);
 }
 

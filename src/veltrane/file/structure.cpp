@@ -77,6 +77,11 @@ void dump_record_base(std::ostream& stream, const Transient& record, int level) 
     stream << "}\n";
 }
 
+void write_record_groups(std::ostream& stream, DxfFile_FileWriter& writer, const Transient& record) {
+    if (writer.IsPortable())
+        write_groups(stream, writer, static_cast<const DxfSection_AcDsRecord&>(record).Groups);
+}
+
 void dump_record_data(std::ostream& stream, const Transient& record, int /*level*/) {
     const auto& data = static_cast<const DxfSection_AcDsRecord&>(record).Data;
     dump_label(stream, "Data");
@@ -122,13 +127,26 @@ const RecordTable& record_table<DxfSection_ThumbNailImage>() {
 }
 
 template <>
+Ref<DxfSection_AcDsRecord> DxfFile_RecordRW<DxfSection_AcDsRecord>::Read(std::istream& stream,
+                                                                         DxfFile_FileReader& reader) {
+    auto record = make<DxfSection_AcDsRecord>();
+    record->Groups = make<DxfSection_HSequenceOfDxfGroup>();
+    reader.CopyGroups(record->Groups.get());
+    read_record(record_table<DxfSection_AcDsRecord>(), stream, reader, record);
+    return record;
+}
+
+template <>
 const RecordTable& record_table<DxfSection_AcDsRecord>() {
     using Record = DxfSection_AcDsRecord;
     static const RecordTable table(
-        "DxfSection_AcDsRecord", {rows::piece(-1, {nullptr, nullptr, &dump_record_base}),
-                                  rows::strings(2, "Names", &Record::Names).never_written(),
-                                  rows::piece(94, {&read_record_data, nullptr, &dump_record_data}),
-                                  rows::handle(320, "EntityHandle", &Record::EntityHandle).never_written()});
+        "DxfSection_AcDsRecord",
+        {rows::piece(-1, {nullptr, nullptr, &dump_record_base}),
+         rows::strings(2, "Names", &Record::Names).never_written(),
+         rows::piece(94, {&read_record_data, nullptr, &dump_record_data}),
+         rows::handle(320, "EntityHandle", &Record::EntityHandle).never_written(),
+         rows::groups("Groups", &Record::Groups).not_read().never_written().not_dumped(),
+         rows::piece(-1, {nullptr, &write_record_groups, nullptr})});
     return table;
 }
 

@@ -21,6 +21,9 @@ using DxfFile_RWThumbNailImage = DxfFile_RecordRW<DxfSection_ThumbNailImage>;
 template <>
 const RecordTable& record_table<DxfSection_AcDsRecord>();
 using DxfFile_RWAcDsRecord = DxfFile_RecordRW<DxfSection_AcDsRecord>;
+template <>
+Ref<DxfSection_AcDsRecord> DxfFile_RecordRW<DxfSection_AcDsRecord>::Read(std::istream& stream,
+                                                                         DxfFile_FileReader& reader);
 
 template <>
 const RecordTable& record_table<DxfSection_UnrecognizedObject>();

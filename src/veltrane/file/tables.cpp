@@ -10,6 +10,7 @@ using namespace rows;
 namespace {
 
 constexpr int kR2000 = 1015;
+constexpr int kPlotted = 1;
 constexpr int kLineTypeAlignment = 65;  // the only alignment that the format knows
 constexpr const char* kEntryMarker = "@SubclassMarker2";
 
@@ -133,7 +134,7 @@ const RecordTable& record_table<DxfSection_Layer>() {
         {base(entry_head()), marker("AcDbLayerTableRecord", kEntryMarker), string(2, "Name", &Record::Name),
          integer(70, "Flag", &Record::Flag), integer(62, "Color", &Record::Color), constant(61, nullptr, 0),
          string(6, "@XZField", &Record::LineType),
-         integer(290, "PlottingFlag", &Record::PlottingFlag).since(kR2000),
+         integer(290, "PlottingFlag", &Record::PlottingFlag).absent_as(kPlotted).since(kR2000),
          integer(370, "LineWeight", &Record::LineWeight).empty_if_undefined().since(kR2000),
          handle(390, "Hard", &Record::Hard).since(kR2000)});
     return table;

@@ -1,4 +1,5 @@
 #include "veltrane/file/work_library.hpp"
+#include "veltrane/section/handle_text.hpp"
 
 #include "veltrane/exchange/file_stream.hpp"
 #include "veltrane/exchange/parameters.hpp"
@@ -37,6 +38,30 @@ const char* version_text(int parameter) {
     }
 }
 
+/// While it lives, $HANDSEED is the first free handle, which it is in files; in a model it is the last one in
+/// use.
+class FreeHandleSeed {
+public:
+    explicit FreeHandleSeed(DxfSection_Model& drawing) : drawing_(drawing) {
+        const auto variable = drawing.FindVariable("$HANDSEED", false);
+        if (!variable || length(variable->Value) != 1) return;
+        last_ = variable->Value->Value(1);
+        const std::int32_t handle = DxfSection::StringToHex(last_.Value.view());
+        if (handle <= drawing.LastHandle() && handle < INT32_MAX) {
+            drawing_.SetVariable("$HANDSEED", {last_.Code, DxfSection::HexToString(handle + 1)});
+        }
+    }
+    ~FreeHandleSeed() {
+        if (last_.Code >= 0) drawing_.SetVariable("$HANDSEED", last_);
+    }
+    FreeHandleSeed(const FreeHandleSeed&) = delete;
+    FreeHandleSeed& operator=(const FreeHandleSeed&) = delete;
+
+private:
+    DxfSection_Model& drawing_;
+    DxfSection_DxfGroup last_;
+};
+
 }  // namespace
 
 DxfFile_WorkLibrary::DxfFile_WorkLibrary() {
@@ -68,6 +93,7 @@ int DxfFile_WorkLibrary::ReadFile(const std::string& name, Ref<ExchangeModel>& m
 
     DxfFile_FileReader reader(drawing);
     reader.SetDelimiter(probe.delimiter);
+    reader.FillAbsent(true);
     reader.Next(*stream);
     drawing->SetDxfFile(DxfFile_RWDxfFile::Read(*stream, reader));
     drawing->AssignHandles();
@@ -83,10 +109,12 @@ bool DxfFile_WorkLibrary::WriteFile(WriteContext& context) const {
         drawing->SetVariable("$ACADVER", 1, version);
     }
 
+    const FreeHandleSeed seed(*drawing);
     OutputFile stream(context.FileName);
     if (stream.good()) {
         DxfFile_FileWriter writer(drawing);
-        writer.LeaveOutUndefined(true);
+        writer.SetPortable(true);
+        writer.WriteMarkers(StaticParameters::IntegerValue("write.dxf.r12.markers") != 0);
         DxfFile_RWDxfFile::Write(stream, writer, *drawing->DxfFile());
         if (stream.Close() && writer.Status()) return true;
     }

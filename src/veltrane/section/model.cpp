@@ -30,6 +30,17 @@ Text number_text(Number value) {
     return Text(std::string_view(digits, static_cast<std::size_t>(end - digits)));
 }
 
+/// The handle of a record that is kept group for group; 0 when it has none.
+std::int32_t handle_in_groups(const Transient& record) {
+    const auto* unknown = as<const DxfSection_UnrecognizedObject>(&record);
+    if (!unknown || !unknown->Data) return 0;
+    for (const DxfSection_DxfGroup& group : *unknown->Data) {
+        if (group.Code == 5 || group.Code == 105) return DxfSection::StringToHex(group.Value.view());
+        if (group.Code == 100) return 0;  // further on, the codes have other meanings
+    }
+    return 0;
+}
+
 /// A list that may be null, made when `create` is set; null only when it stays missing.
 template <class T>
 Sequence<T>* existing_or_new(Ref<Sequence<T>>& list, bool create) {
@@ -53,7 +64,10 @@ void DxfSection_Model::AssignHandles() {
     std::vector<int> without;  // numbers of the records that are to get a handle
     for (int number = 1; number <= count; ++number) {
         auto* handled = as<DxfSection_HandledObject>(Value(number).get());
-        if (!handled) continue;
+        if (!handled) {
+            top = std::max(top, handle_in_groups(*Value(number)));
+            continue;
+        }
         if (handled->Handle < 1) {
             without.push_back(number);
             continue;
@@ -69,6 +83,7 @@ void DxfSection_Model::AssignHandles() {
         handled->Handle = ++top;
         handles_.emplace_back(top, handled);
     }
+    last_handle_ = top;
     if (top >= kLowestFreeHandle) SetVariable("$HANDSEED", {5, DxfSection::HexToString(top)});
 }
 
@@ -261,6 +276,7 @@ void DxfSection_Model::UpdateEntities() {
 
 void DxfSection_Model::Clear() {
     ExchangeModel::Clear();
+    last_handle_ = 0;
     handles_.clear();
     layers_ = {};
     styles_ = {};

@@ -34,6 +34,8 @@ public:
     /// Gives every handled record a unique positive handle, fills the handle map and sets $HANDSEED.
     /// Of records that claim one handle the first keeps it.
     void AssignHandles();
+    /// The largest handle that AssignHandles found or gave; 0 before.
+    std::int32_t LastHandle() const { return last_handle_; }
     /// The record that AssignHandles bound to the handle, or null.
     Ref<DxfSection_HandledObject> FindByHandle(std::int32_t handle) const;
 
@@ -90,6 +92,7 @@ private:
 
     Ref<DxfSection_DxfFile> root_ = make<DxfSection_DxfFile>();
     std::vector<std::pair<std::int32_t, Ref<DxfSection_HandledObject>>> handles_;  // ascending
+    std::int32_t last_handle_ = 0;
     NameMap<DxfSection_Layer> layers_;
     NameMap<DxfSection_Style> styles_;
     double unit_scale_ = 1.0;

@@ -49,6 +49,7 @@ struct DxfSection_XAppData : Typed<DxfSection_XAppData, Transient> {
 
     Text XAppName;
     Ref<DxfSection_XData> XData;
+    Ref<DxfSection_HSequenceOfDxfGroup> Groups;  ///< all its groups as read, in their order
 };
 
 /// Binary data as the hexadecimal text of its groups 310.

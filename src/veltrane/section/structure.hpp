@@ -58,6 +58,7 @@ struct DxfSection_AcDsRecord : Typed<DxfSection_AcDsRecord, DxfSection_Object> {
     Ref<Sequence<Text>> Names;
     Ref<Sequence<std::uint8_t>> Data;  ///< the bytes of the groups 310, decoded
     std::int32_t EntityHandle = 0;
+    Ref<DxfSection_HSequenceOfDxfGroup> Groups;  ///< all its groups as read, in their order
 };
 
 }  // namespace veltrane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "veltrane/kernel/geom/bspline_convert.hpp"
+#include "veltrane/kernel/geom/bspline_surface.hpp"
 #include "veltrane/kernel/geom/circle.hpp"
 #include "veltrane/kernel/geom/cylinder.hpp"
 #include "veltrane/kernel/geom/ellipse.hpp"
@@ -132,6 +133,19 @@ inline std::vector<double> dense_parameters(const Curve& curve, int count) {
     return result;
 }
 
+/// Hills and valleys over a rectangle: 7 x 6 poles, degrees 3 and 2.
+inline BSplineSurfaceData hilly_data(bool rational) {
+    BSplineSurfaceData data{{3, {0, 1, 2, 4, 5}, {4, 1, 1, 1, 4}}, {2, {-1, 0, 1, 3}, {3, 2, 1, 3}}, {}, {}};
+    Random random(5);
+    for (int i = 0; i < 7; ++i) {
+        for (int j = 0; j < 6; ++j) {
+            data.poles.emplace_back(3 * i, 2 * j, random(-1, 1));
+            if (rational) data.weights.push_back(random(0.7, 1.5));
+        }
+    }
+    return data;
+}
+
 struct NamedSurface {
     std::string name;
     Ref<Surface> surface;
@@ -144,6 +158,8 @@ inline std::vector<NamedSurface> surfaces() {
         {"plane", make<Plane>(tilted_frame())},
         {"cylinder", make<Cylinder>(tilted_frame(), 2)},
         {"left-handed cylinder", make<Cylinder>(left, 2)},
+        {"B-spline", make<BSplineSurface>(hilly_data(false))},
+        {"rational B-spline", make<BSplineSurface>(hilly_data(true))},
     };
     for (const NamedCurve& basis : curves()) {
         result.push_back({"extruded " + basis.name, make<LinearExtrusion>(basis.curve, Vector(0.3, 0.2, 2))});

@@ -20,12 +20,17 @@ TEST(Surface, DerivativesAgreeWithDifferences) {
         for_each_parameter(*surface, [&, &name = name, &surface = surface](double u, double v) {
             constexpr double h = 1e-4;
             const SurfaceDerivatives d = surface->derivatives(u, v);
-            const double tolerance = 1e-3 * (1 + d.duu.norm());
+            const double tolerance = 1e-3 * (1 + d.duu.norm() + d.dvv.norm());
             const auto at = [&](double du, double dv) { return surface->value(u + du, v + dv); };
             EXPECT_NEAR(distance(d.point, at(0, 0)), 0, 1e-14) << name;
             EXPECT_NEAR(((at(h, 0) - at(-h, 0)) / (2 * h) - d.du).norm(), 0, tolerance) << name;
             EXPECT_NEAR(((at(0, h) - at(0, -h)) / (2 * h) - d.dv).norm(), 0, tolerance) << name;
             EXPECT_NEAR(((at(h, 0) - 2 * at(0, 0) + at(-h, 0)) / (h * h) - d.duu).norm(), 0, tolerance)
+                << name;
+            EXPECT_NEAR(((at(0, h) - 2 * at(0, 0) + at(0, -h)) / (h * h) - d.dvv).norm(), 0, tolerance)
+                << name;
+            EXPECT_NEAR(((at(h, h) - at(h, -h) - at(-h, h) + at(-h, -h)) / (4 * h * h) - d.duv).norm(), 0,
+                        tolerance)
                 << name;
             EXPECT_NEAR(surface->normal(u, v).dot(d.du), 0, 1e-12 * d.du.norm()) << name;
         });

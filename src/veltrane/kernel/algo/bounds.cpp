@@ -2,6 +2,7 @@
 // again under the same rotation has its box moved instead.
 #include "veltrane/kernel/algo/bounds.hpp"
 
+#include "veltrane/kernel/geom/bspline_surface.hpp"
 #include "veltrane/kernel/geom/circle.hpp"
 #include "veltrane/kernel/geom/curve_measure.hpp"
 #include "veltrane/kernel/geom/cylinder.hpp"
@@ -10,6 +11,7 @@
 #include "veltrane/kernel/topo/explore.hpp"
 #include "veltrane/kernel/topo/hashing.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <unordered_map>
@@ -50,6 +52,8 @@ Box whole_surface_box(const Surface& surface) {
     } else if (const auto* extrusion = as<const LinearExtrusion>(&surface)) {
         box = bounding_box(*extrusion->basis());
         open_along(box, extrusion->direction());
+    } else if (const auto* spline = as<const BSplineSurface>(&surface)) {
+        box = bounding_box(*spline, spline->u_range(), spline->v_range());
     }
     return box;
 }
@@ -66,13 +70,35 @@ void add_edges(Box& box, const Shape& shape) {
     });
 }
 
+/// The box of a B-spline surface over the parameters that the loops span.
+Box spanned_box(const BSplineSurface& surface, const std::vector<Loop>& loops) {
+    Box parameters;
+    for (const Loop& loop : loops) {
+        const std::vector<Shape>& edges = group_definition(loop.wire).children();
+        for (std::size_t i = 0; i < edges.size(); ++i) {
+            const ParameterCurve& path = loop.parameter_curves[i];
+            const Interval& range = edge_definition(edges[i]).range();
+            const double a = path.from_edge(range.first), b = path.from_edge(range.last);
+            parameters.add(bounding_box(*path.curve->in_plane(), {std::min(a, b), std::max(a, b)}));
+        }
+    }
+    const auto inside = [&](const Interval& range, int axis) {
+        return Interval{range.clamp(parameters.min()[axis]), range.clamp(parameters.max()[axis])};
+    };
+    return bounding_box(surface, inside(surface.u_range(), 0), inside(surface.v_range(), 1));
+}
+
 /// On a surface with straight rulings every point inside the loops lies between
 /// two points of the loops on its ruling, so that the loops reach as far as the
 /// face does.
 void add_faces(Box& box, const Shape& shape) {
     visit(shape, ShapeKind::Face, [&](const Shape& face) {
-        if (face_definition(face).loops().empty()) {
-            box.add(whole_surface_box(*face_surface(face)));
+        const std::vector<Loop>& loops = face_definition(face).loops();
+        const Ref<Surface> surface = face_surface(face);
+        if (loops.empty()) {
+            box.add(whole_surface_box(*surface));
+        } else if (const auto* spline = as<const BSplineSurface>(surface.get())) {
+            box.add(spanned_box(*spline, loops));
         } else {
             add_edges(box, face);
         }

@@ -1,6 +1,7 @@
 #include "veltrane/kernel/geom/describe.hpp"
 
 #include "veltrane/kernel/geom/bspline_curve.hpp"
+#include "veltrane/kernel/geom/bspline_surface.hpp"
 #include "veltrane/kernel/geom/circle.hpp"
 #include "veltrane/kernel/geom/cylinder.hpp"
 #include "veltrane/kernel/geom/ellipse.hpp"
@@ -31,6 +32,15 @@ std::string describe_bspline(const BSplineCurve& curve) {
     return text + "B-spline degree " + std::to_string(curve.degree()) + " poles " +
            std::to_string(curve.poles().size()) + " from " + describe(curve.start()) + " to " +
            describe(curve.end());
+}
+
+std::string describe_bspline(const BSplineSurface& surface) {
+    const auto by = [](auto u, auto v) { return std::to_string(u) + " x " + std::to_string(v); };
+    const Interval u = surface.u_range(), v = surface.v_range();
+    return std::string(surface.is_rational() ? "rational " : "") + "B-spline surface degree " +
+           by(surface.axis_u().degree, surface.axis_v().degree) + " poles " +
+           by(surface.pole_count_u(), surface.pole_count_v()) + " from " +
+           describe(surface.value(u.first, v.first)) + " to " + describe(surface.value(u.last, v.last));
 }
 
 }  // namespace
@@ -86,6 +96,8 @@ std::string describe(const Surface& surface) {
             return "extrusion along " + describe(extrusion.direction()) + " of " +
                    describe(*extrusion.basis());
         }
+        case SurfaceKind::BSpline:
+            return describe_bspline(static_cast<const BSplineSurface&>(surface));
     }
     return {};
 }

@@ -9,7 +9,7 @@ namespace veltrane::kernel {
 
 class Surface;
 
-enum class SurfaceKind { Plane, Cylinder, LinearExtrusion };
+enum class SurfaceKind { Plane, Cylinder, LinearExtrusion, BSpline };
 
 struct SurfaceDerivatives {
     Point point;
@@ -56,7 +56,8 @@ public:
     virtual MappedSurface transform_surface(const Transform& transform) const = 0;
 
     /// The exact image under an affine map: a plane stays a plane, a cylinder becomes the extrusion of an
-    /// ellipse, an extrusion stays one. Throws KernelError when the image is no surface.
+    /// ellipse, an extrusion and a B-spline stay what they are. Throws KernelError when the image is no
+    /// surface.
     Ref<Surface> mapped(const AffineMap& map) const { return map_surface(map).surface; }
     virtual MappedSurface map_surface(const AffineMap& map) const = 0;
 };
