@@ -103,11 +103,6 @@ def read_by_dxflib(program, path, way=""):
     return Reading(collections.Counter(result.stdout.splitlines()), collections.Counter())
 
 
-def as_written(path):
-    """dxflib needs no excuses."""
-    return {}
-
-
 def differences(before, after):
     for key in sorted(set(before.things) | set(after.things)):
         if before.things[key] != after.things[key]:
@@ -123,28 +118,25 @@ def rewrite(vdxf, path, rewritten):
     return result.stderr.strip() if result.returncode else None
 
 
-def compare(vdxf, read, relieve, path):
-    """(what became of the drawing, what is to be told about it, how many of its groups are excused why)."""
+def compare(vdxf, read, path):
+    """(what became of the drawing, what is to be told about it)."""
     try:
         before = read(path)
     except NotRead as refusal:
-        return NOT_READ, [str(refusal)], {}
+        return NOT_READ, [str(refusal)]
     with tempfile.TemporaryDirectory() as folder:
         rewritten = pathlib.Path(folder) / "rewritten.dxf"
         failure = rewrite(vdxf, path, rewritten)
         if failure:
-            return "drawings that are not rewritten", ["not rewritten: " + failure], {}
-        excused = relieve(rewritten)
+            return "drawings that are not rewritten", ["not rewritten: " + failure]
         try:
             found = list(differences(before, read(rewritten, before.way)))
         except NotRead as refusal:
             found = ["the rewritten drawing is not read: %s" % refusal]
-    return ("drawings that differ" if found else "drawings that agree"), found, excused
+    return ("drawings that differ" if found else "drawings that agree"), found
 
 
-def tell_excuses(reader, groups, drawings, rows, paths):
-    for reason in sorted(groups):
-        print("%7d groups in %d drawings excused: %s" % (groups[reason], drawings[reason], reason))
+def tell_excuses(reader, rows, paths):
     for row in rewrite_excuses.DIFFERENCES:
         if rows[row]:
             print("%7d differences excused in %s: %s" % (rows[row], row[1] or "any drawing", row[3]))
@@ -154,22 +146,20 @@ def tell_excuses(reader, groups, drawings, rows, paths):
 
 def main():
     vdxf, folder, reader, program = (sys.argv[1:] + [""])[:4]
-    read, relieve = read_by_ezdxf, rewrite_excuses.relieve
+    read = read_by_ezdxf
     if reader == "ezdxf":
         peer.need_ezdxf()
     elif not program:
         peer.skip("%s was not found when the build was configured" % reader)
     else:
-        read, relieve = functools.partial(read_by_dxflib, program), as_written
+        read = functools.partial(read_by_dxflib, program)
 
     paths = peer.ascii_drawings(folder)
-    outcomes = peer.each(functools.partial(compare, vdxf, read, relieve), paths)
-    tally, groups, drawings, rows = (collections.Counter() for _ in range(4))
+    outcomes = peer.each(functools.partial(compare, vdxf, read), paths)
+    tally, rows = collections.Counter(), collections.Counter()
     problems = []
-    for path, (state, found, excused) in zip(paths, outcomes):
+    for path, (state, found) in zip(paths, outcomes):
         tally[state] += 1
-        groups.update(excused)
-        drawings.update(excused.keys())
         for one in found:
             row = rewrite_excuses.row_of(reader, path, one)
             told = "%s: %s" % (path.relative_to(folder), one)
@@ -179,7 +169,7 @@ def main():
                 rows[row] += 1
             else:
                 problems.append(told)
-    tell_excuses(reader, groups, drawings, rows, paths)
+    tell_excuses(reader, rows, paths)
     return peer.report(tally, problems)
 
 

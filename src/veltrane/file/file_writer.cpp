@@ -22,6 +22,11 @@ constexpr std::size_t kLongestCode = 16;  // with its line end
 constexpr std::size_t kSatPiece = 255;
 constexpr std::size_t kLongestSatValue = 509;  // what readers take as one value
 
+constexpr std::string_view kRecordsOfR12[] = {
+    "3DFACE", "APPID", "ARC",  "ATTDEF", "ATTRIB", "BLOCK",    "CIRCLE",  "DIMENSION", "DIMSTYLE", "ENDBLK",
+    "INSERT", "LAYER", "LINE", "LTYPE",  "POINT",  "POLYLINE", "SECTION", "SEQEND",    "SHAPE",    "SOLID",
+    "STYLE",  "TABLE", "TEXT", "TRACE",  "UCS",    "VERTEX",   "VIEW",    "VIEWPORT",  "VPORT"};
+
 /// Right-aligned in `width` columns, as by "%*d".
 char* aligned(char* out, int value, int width) {
     char digits[16];
@@ -55,6 +60,7 @@ DxfFile_FileWriter::DxfFile_FileWriter(const Ref<DxfSection_Model>& model)
     for (const DxfSection_DxfGroup& group : *version->Value) {
         if (group.Code != 1 || group.Value.view().size() < 3) continue;
         version_ = integer_of(group.Value.view().substr(2)).value_or(version_);
+        states_version_ = true;
     }
 }
 
@@ -81,7 +87,7 @@ void DxfFile_FileWriter::Flush(std::ostream& stream) {
 }
 
 void DxfFile_FileWriter::WriteString(std::ostream& stream, int code, std::string_view text) {
-    if (code == 100 && !WritesMarkers()) return;
+    if (code == 100 && !marks_record_) return;
     if (text.size() > kBufferSize / 2) {  // longer than the buffer is meant for
         at_ = begin_group(stream, code, 0);
         Flush(stream);
@@ -149,14 +155,27 @@ void DxfFile_FileWriter::WriteSatData(std::ostream& stream, const Text& text) {
     }
 }
 
+/// Programs that know a record of a later version want its markers, whatever the drawing states.
+bool DxfFile_FileWriter::wants_markers(std::string_view record_name) const {
+    constexpr int kFirstWithMarkers = 1012;
+    if (writes_markers_ || (states_version_ && version_ >= kFirstWithMarkers)) return true;
+    return std::find(std::begin(kRecordsOfR12), std::end(kRecordsOfR12), record_name) ==
+           std::end(kRecordsOfR12);
+}
+
 void DxfFile_FileWriter::WriteObject(std::ostream& stream, const DxfSection_Object& record) {
+    const bool enclosing = marks_record_;
     if (const auto* unknown = as<const DxfSection_UnrecognizedObject>(&record)) {
+        marks_record_ = true;
         WriteText(stream, 0, unknown->Type);
         DxfFile_RWUnrecognizedObject::Write(stream, *this, *unknown);
     } else if (const auto* registrator = DxfFile_ObjectRegistrator::Find(record.DynamicType())) {
-        WriteString(stream, 0, registrator->NameOf(record));
+        const std::string_view name = registrator->NameOf(record);
+        marks_record_ = wants_markers(name);
+        WriteString(stream, 0, name);
         registrator->Write(stream, *this, record);
     }
+    marks_record_ = enclosing;
     if (!stream.good()) status_ = false;
 }
 

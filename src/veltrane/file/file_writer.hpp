@@ -36,8 +36,8 @@ public:
     /// undefined values are then written as empty ones.
     bool IsPortable() const { return is_portable_; }
     void SetPortable(bool portable) { is_portable_ = portable; }
-    /// False to leave out subclass markers, the groups 100, where the version does not know them: before R13.
-    bool WritesMarkers() const { return writes_markers_ || version_ >= kFirstWithMarkers; }
+    /// False to leave out subclass markers, the groups 100, where readers do not know them: in records that
+    /// R12 has, in drawings that state a version before R13 or none.
     void WriteMarkers(bool write) { writes_markers_ = write; }
 
     void WriteString(std::ostream& stream, int code, std::string_view text);
@@ -66,15 +66,17 @@ public:
 private:
     char* begin_group(std::ostream& stream, int code, std::size_t value_length);
     void end_value(char* end);
+    bool wants_markers(std::string_view record_name) const;
     Check* current_check();
 
     Ref<DxfSection_Model> model_;
     const DxfSection_Object* current_ = nullptr;
     bool status_;
     int version_ = 1015;
-    static constexpr int kFirstWithMarkers = 1012;
+    bool states_version_ = false;
     bool is_portable_ = false;
     bool writes_markers_ = true;
+    bool marks_record_ = true;  // the record at hand has its markers
     std::unique_ptr<char[]> buffer_;
     char* at_;
 };
