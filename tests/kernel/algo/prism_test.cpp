@@ -2,6 +2,7 @@
 
 #include "kernel/algo/sample_shapes.hpp"
 #include "veltrane/kernel/algo/measure.hpp"
+#include "veltrane/kernel/algo/planar_face.hpp"
 #include "veltrane/kernel/geom/line.hpp"
 #include "veltrane/kernel/geom/linear_extrusion.hpp"
 #include "veltrane/kernel/math/error.hpp"
@@ -82,6 +83,26 @@ TEST(Prism, WireGivesAShellWithSharedEdges) {
     EXPECT_EQ(distinct_sub_shapes(closed, ShapeKind::Vertex).size(), 6u);
 }
 
+TEST(Prism, FaceGivesASolidAndACompoundItsMembers) {
+    const Shape square = make_wire(samples::polygon_edges({{0, 0, 0}, {3, 0, 0}, {3, 3, 0}, {0, 3, 0}}));
+    const Shape hole = make_wire(samples::polygon_edges({{1, 1, 0}, {2, 1, 0}, {2, 2, 0}, {1, 2, 0}}));
+    const Shape face = make_planar_face(square, std::span(&hole, 1)).face;
+    for (const Shape& given : {face, face.reversed(), moved(face, Transform::translation({1, 2, 3}))}) {
+        const Shape solid = prism(given, {1, 0, -2});
+        ASSERT_TRUE(solid.is(ShapeKind::Solid));
+        EXPECT_EQ(distinct_sub_shapes(solid, ShapeKind::Face).size(), 10u);
+        EXPECT_EQ(distinct_sub_shapes(solid, ShapeKind::Edge).size(), 24u);
+        EXPECT_EQ(distinct_sub_shapes(solid, ShapeKind::Vertex).size(), 16u);
+        EXPECT_NEAR(volume(solid), 16, 1e-12);
+        samples::expect_sound(solid);
+    }
+    const Shape both =
+        prism(make_compound({face, make_compound({make_edge({0, 0, 0}, {1, 0, 0})})}), {0, 0, 1});
+    ASSERT_EQ(child_count(both), 2u);
+    EXPECT_TRUE(child(both, 0).is(ShapeKind::Solid));
+    EXPECT_TRUE(child(both, 1).is(ShapeKind::Face));
+}
+
 TEST(Prism, WireOfTurnedPlacedEdgesIsSharedToo) {
     const Transform turn = Transform::rotation({0, 0, 0}, {0, 0, 1}, kPi / 2);
     const Shape edge = make_edge({1, 0, 0}, {0, 1, 0});
@@ -106,7 +127,9 @@ TEST(Prism, RefusesWhatCannotBeSwept) {
     EXPECT_THROW(prism(edge, {0, 0, std::nan("")}), KernelError);
     EXPECT_THROW(prism(edge, {-2, 0, 0}), KernelError);
     EXPECT_THROW(prism(line, {0, 0, 1}), KernelError);
-    EXPECT_THROW(prism(make_compound({edge}), {0, 0, 1}), KernelError);
+    const Shape square = make_wire(samples::polygon_edges({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}));
+    EXPECT_THROW(prism(prism(square, {0, 0, 1}), {0, 0, 1}), KernelError);
+    EXPECT_THROW(prism(make_planar_face(square).face, {1, 2, 0}), KernelError);
     EXPECT_THROW(prism(Shape(), {0, 0, 1}), KernelError);
 }
 

@@ -1,12 +1,16 @@
 #include "veltrane/kernel/algo/measure.hpp"
 
+#include "veltrane/kernel/algo/face_integral.hpp"
+#include "veltrane/kernel/algo/moments.hpp"
+#include "veltrane/kernel/algo/plane_moments.hpp"
+#include "veltrane/kernel/algo/shell.hpp"
 #include "veltrane/kernel/geom/curve_measure.hpp"
-#include "veltrane/kernel/geom/linear_extrusion.hpp"
-#include "veltrane/kernel/math/quadrature.hpp"
+#include "veltrane/kernel/geom/plane.hpp"
+#include "veltrane/kernel/math/error.hpp"
 #include "veltrane/kernel/topo/compound_fold.hpp"
 #include "veltrane/kernel/topo/explore.hpp"
 
-#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -15,7 +19,7 @@ namespace {
 
 constexpr double kEndless = std::numeric_limits<double>::infinity();
 
-void add(double& sum, double value) {
+void add(double& sum, double value, const Ref<const Placement>&) {
     sum += value;
 }
 
@@ -36,112 +40,99 @@ double simple_length(const Shape& shape) {
     return sum;
 }
 
-/// The element of area per du dv.
-double density(const Surface& surface, double u, double v) {
-    const SurfaceDerivatives at = surface.derivatives(u, v);
-    return cross(at.du, at.dv).norm();
-}
-
-/// Where the density of a surface along u has kinks.
-std::vector<double> breaks_in_u(const Surface& surface, const Interval& range) {
-    const auto* extrusion = as<const LinearExtrusion>(&surface);
-    return extrusion ? extrusion->basis()->breaks(range) : std::vector<double>{range.first, range.last};
-}
-
-/// Area between a parameter curve and a base line of constant v: by Green's
-/// theorem the area within loops is the sum of these, taken along the loops.
-/// Every kind of surface has straight rulings along v on which the density does
-/// not change.
-class AreaBelow {
-public:
-    AreaBelow(const Surface& surface, double base) : surface_(surface), base_(base) {}
-
-    /// Along the curve in its own direction; the area lies to the left of a curve
-    /// that runs to smaller u.
-    double along(const ParameterCurve& path, const Interval& edge_range) const {
-        const double a = path.from_edge(edge_range.first);
-        const double b = path.from_edge(edge_range.last);
-        const Interval range{std::min(a, b), std::max(a, b)};
-        const double sum = sum_over(*path.curve, range);
-        return a <= b ? sum : -sum;
-    }
-
-private:
-    double sum_over(const Curve2& curve, const Interval& range) const {
-        const std::vector<double> cuts = cuts_of(curve, range);
-        double sum = 0;
-        for (std::size_t i = 1; i < cuts.size(); ++i) {
-            if (cuts[i - 1] < cuts[i]) sum += integrate(integrand(curve), {cuts[i - 1], cuts[i]}).value;
+bool is_unbounded(const FaceDefinition& face) {
+    for (const Loop& loop : face.loops()) {
+        for (const Shape& edge : group_definition(loop.wire).children()) {
+            if (!edge_definition(edge).range().is_bounded()) return true;
         }
-        return sum;
     }
-
-    std::function<double(double)> integrand(const Curve2& curve) const {
-        return [this, &curve](double t) {
-            const Curve2Derivatives at = curve.derivatives(t);
-            if (at.first.x() == 0) return 0.0;
-            return -density(surface_, at.point.x(), base_) * (at.point.y() - base_) * at.first.x();
-        };
-    }
-
-    /// Kinks of the curve, and those of the surface where the curve runs
-    /// straight.
-    std::vector<double> cuts_of(const Curve2& curve, const Interval& range) const {
-        std::vector<double> cuts = curve.in_plane()->breaks(range);
-        const Curve2Derivatives at = curve.derivatives(range.first);
-        if (curve.kind() != CurveKind::Line || std::abs(at.first.x()) <= kAngular) return cuts;
-        const double from = at.point.x();
-        const double to = curve.value(range.last).x();
-        for (const double u : breaks_in_u(surface_, {std::min(from, to), std::max(from, to)})) {
-            cuts.push_back(range.clamp(range.first + (u - from) / at.first.x()));
-        }
-        std::sort(cuts.begin(), cuts.end());
-        return cuts;
-    }
-
-    const Surface& surface_;
-    double base_;
-};
-
-double loop_area(const Surface& surface, const Loop& loop, double base) {
-    const AreaBelow below(surface, base);
-    const std::vector<Shape>& edges = group_definition(loop.wire).children();
-    double sum = 0;
-    for (std::size_t i = 0; i < edges.size(); ++i) {
-        const Interval& range = edge_definition(edges[i]).range();
-        if (!range.is_bounded()) return kEndless;
-        const double part = below.along(loop.parameter_curves[i], range);
-        sum +=
-            composed(loop.wire.orientation(), edges[i].orientation()) == Orientation::Forward ? part : -part;
-    }
-    return sum;
+    const Surface& surface = *face.surface();
+    return face.loops().empty() && !(surface.u_range().is_bounded() && surface.v_range().is_bounded());
 }
 
-/// A base line that touches the face, so that areas far from the origin lose no
-/// digits.
-double base_line(const Loop& loop) {
-    const std::vector<Shape>& edges = group_definition(loop.wire).children();
-    if (edges.empty()) return 0;
-    const Interval& range = edge_definition(edges.front()).range();
-    return range.is_bounded() ? loop.parameter_curves.front().value(range.first).y() : 0;
-}
-
-double face_area(const Shape& face) {
-    const FaceDefinition& definition = face_definition(face);
-    if (definition.loops().empty()) return kEndless;
-    const double base = base_line(definition.loops().front());
+double face_area(const FaceDefinition& face) {
+    if (is_unbounded(face)) return kEndless;
+    const Surface& surface = *face.surface();
+    if (surface.kind() != SurfaceKind::Plane) {
+        return std::abs(integrate(face, [&](double u, double v) {
+            const SurfaceDerivatives at = surface.derivatives(u, v);
+            return cross(at.du, at.dv).norm();
+        }));
+    }
+    const Point2 base = point_of(face.loops().front());
     double sum = 0;
-    for (const Loop& loop : definition.loops()) sum += loop_area(*definition.surface(), loop, base);
+    for (const Loop& loop : face.loops()) sum += loop_moments(loop, base).area;
     return std::abs(sum);
 }
 
 double simple_area(const Shape& shape) {
     double sum = 0;
     visit(shape, ShapeKind::Face, [&](const Shape& face) {
-        sum += face_area(face);
+        sum += face_area(face_definition(face));
         return true;
     });
     return sum;
+}
+
+/// Of a solid or a shell whose faces bound it on all sides.
+Moments inner_moments(const Shape& shape) {
+    const Point about = some_point(shape);
+    Moments sum;
+    visit(shape, ShapeKind::Face, [&](const Shape& face) {
+        sum += cone_moments(face, about);
+        return true;
+    });
+    return shifted(sum, about);
+}
+
+bool is_closed_shell(const Shape& shell) {
+    const std::vector<Shape> faces = children(shell);
+    return !faces.empty() && make_shell(faces).is_closed;
+}
+
+double simple_volume(const Shape& shape) {
+    if (shape.is(ShapeKind::Shell)) return is_closed_shell(shape) ? inner_moments(shape).size : 0;
+    return shape.kind() > ShapeKind::Shell ? inner_moments(shape).size : 0;
+}
+
+/// Moments by dimension, from vertices to solids.
+struct Masses {
+    std::array<Moments, 4> by_dimension;
+    int dimension = -1;  ///< the richest that is there
+
+    void add(int of_dimension, const Moments& moments) {
+        dimension = std::max(dimension, of_dimension);
+        by_dimension[static_cast<std::size_t>(of_dimension)] += moments;
+    }
+};
+
+Masses simple_masses(const Shape& shape) {
+    Masses masses;
+    const Point about = some_point(shape);
+    const auto add_each = [&](int dimension, ShapeKind kind, auto moments) {
+        visit(shape, kind, [&](const Shape& part) {
+            masses.add(dimension, shifted(moments(part, about), about));
+            return true;
+        });
+    };
+    if (shape.kind() >= ShapeKind::Solid) {
+        masses.add(3, inner_moments(shape));
+    } else if (shape.kind() >= ShapeKind::Face) {
+        add_each(2, ShapeKind::Face, area_moments);
+    } else if (shape.kind() >= ShapeKind::Edge) {
+        add_each(1, ShapeKind::Edge, length_moments);
+    } else {
+        masses.add(0, {1, vertex_point(shape)});
+    }
+    return masses;
+}
+
+void add_masses(Masses& sum, const Masses& other, const Ref<const Placement>& placement) {
+    for (int dimension = 0; dimension <= other.dimension; ++dimension) {
+        const Moments& moments = other.by_dimension[static_cast<std::size_t>(dimension)];
+        if (dimension < other.dimension && moments.size == 0) continue;
+        sum.add(dimension, placement ? moved(moments, placement->transform()) : moments);
+    }
 }
 
 }  // namespace
@@ -152,6 +143,22 @@ double length(const Shape& shape) {
 
 double area(const Shape& shape) {
     return shape.is_null() ? 0 : fold_compounds(shape, 0.0, simple_area, add);
+}
+
+double volume(const Shape& shape) {
+    return shape.is_null() ? 0 : fold_compounds(shape, 0.0, simple_volume, add);
+}
+
+Point centre(const Shape& shape) {
+    Masses masses;
+    if (!shape.is_null()) {
+        add_masses(masses, fold_compounds(shape, Masses(), simple_masses, add_masses), shape.placement());
+    }
+    if (masses.dimension < 0) throw KernelError("The shape has no centre");
+    const Moments& richest = masses.by_dimension[static_cast<std::size_t>(masses.dimension)];
+    const Point result = richest.first / richest.size;
+    if (!is_usable(result)) throw KernelError("The shape has no centre");
+    return result;
 }
 
 }  // namespace veltrane::kernel

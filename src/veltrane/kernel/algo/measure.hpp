@@ -1,6 +1,7 @@
-// Length and area of shapes.
+// Length, area, volume and centre of shapes.
 #pragma once
 
+#include "veltrane/kernel/math/vector.hpp"
 #include "veltrane/kernel/topo/shape.hpp"
 
 namespace veltrane::kernel {
@@ -11,7 +12,18 @@ namespace veltrane::kernel {
 double length(const Shape& shape);
 
 /// The area of the faces of a shape, each use counted; 0 for a shape without faces and infinity for an
-/// unbounded face. The relative error is below 1e-9 for planes, cylinders and extrusions.
+/// unbounded face. The relative error is below 1e-9, and near 1e-12 for planes, cylinders and extrusions.
 double area(const Shape& shape);
+
+/// The volume within the solids of a shape and within those of its shells that are closed, by the divergence
+/// theorem over their faces; negative where the faces look inwards. Open shells and loose faces enclose
+/// nothing; the orientation of compounds plays no part. Errors are those of area(), relative to area x size. Throws KernelError for a closed shell or a
+/// solid with an unbounded face.
+double volume(const Shape& shape);
+
+/// The centre of mass of the richest parts of a shape, each use counted: of solids by their volume, else of
+/// faces (and shells) by area, else of edges by length, else of vertices. Throws KernelError when there is no
+/// such part, or one of them is unbounded, or their sizes add up to nothing.
+Point centre(const Shape& shape);
 
 }  // namespace veltrane::kernel

@@ -3,6 +3,9 @@
 #include "veltrane/kernel/algo/prism.hpp"
 
 #include "veltrane/kernel/algo/build.hpp"
+#include "veltrane/kernel/algo/measure.hpp"
+#include "veltrane/kernel/algo/shell.hpp"
+#include "veltrane/kernel/algo/transform.hpp"
 #include "veltrane/kernel/geom/circle.hpp"
 #include "veltrane/kernel/geom/cylinder.hpp"
 #include "veltrane/kernel/geom/line.hpp"
@@ -12,6 +15,7 @@
 #include "veltrane/kernel/topo/explore.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -56,14 +60,26 @@ public:
     Shape edge_of(const VertexRef& vertex) { return Shape(side(vertex).edge); }
 
     Shape face_of(const Shape& edge) {
-        const auto* definition = &edge_definition(edge);
-        const auto found = faces_.find(definition);
-        const Shape face = found != faces_.end() ? found->second : new_face(Shape(edge.definition()));
-        faces_.emplace(definition, face);
+        const Shape& face = swept(edge).face;
         return face.oriented(composed(edge.orientation(), face.orientation()));
     }
 
+    /// The image of an edge.
+    Shape top_of(const Shape& edge) { return swept(edge).top.oriented(edge.orientation()); }
+
 private:
+    struct Swept {
+        Shape face;
+        Shape top;
+    };
+
+    const Swept& swept(const Shape& edge) {
+        const auto* definition = &edge_definition(edge);
+        const auto found = faces_.find(definition);
+        if (found != faces_.end()) return found->second;
+        return faces_.emplace(definition, new_face(Shape(edge.definition()))).first->second;
+    }
+
     struct Side {
         Ref<const EdgeDefinition> edge;
         VertexRef top;
@@ -79,7 +95,7 @@ private:
         return place->second;
     }
 
-    Shape new_face(const Shape& bottom) {
+    Swept new_face(const Shape& bottom) {
         const EdgeDefinition& source = edge_definition(bottom);
         if (!source.start() || !source.end()) throw KernelError("An unbounded edge cannot be swept");
         const Side& first = side(source.start());
@@ -87,25 +103,25 @@ private:
         const Ref<Curve> raised = source.curve()->transformed(Transform::translation(sweep_));
         const Shape top(make<EdgeDefinition>(raised, source.range(), first.top, last.top));
 
-        const SweptSurface swept = swept_curve(source.curve(), direction_);
-        const Vector2 rise = swept.up * length_;
+        const SweptSurface surface = swept_curve(source.curve(), direction_);
+        const Vector2 rise = surface.up * length_;
         const auto along = [](const Vector2& offset) { return ParameterCurve{make_line2(offset, {1, 0})}; };
-        const auto upwards = [&](double u) { return ParameterCurve{make_line2({u, 0}, swept.up)}; };
+        const auto upwards = [&](double u) { return ParameterCurve{make_line2({u, 0}, surface.up)}; };
         Loop loop;
         loop.wire = make_group(ShapeKind::Wire, {bottom, Shape(last.edge), top.reversed(),
                                                  Shape(first.edge, Orientation::Reversed)});
         loop.parameter_curves = {along({0, 0}), upwards(source.range().last), along(rise),
                                  upwards(source.range().first)};
-        if (swept.turned) loop.wire = loop.wire.reversed();
-        return Shape(make<FaceDefinition>(swept.surface, std::vector<Loop>{std::move(loop)}),
-                     swept.turned ? Orientation::Reversed : Orientation::Forward);
+        if (surface.turned) loop.wire = loop.wire.reversed();
+        const auto face = make<FaceDefinition>(surface.surface, std::vector<Loop>{std::move(loop)});
+        return {Shape(face, surface.turned ? Orientation::Reversed : Orientation::Forward), top};
     }
 
     Vector sweep_;
     double length_;
     Vector direction_;
     std::unordered_map<const VertexDefinition*, Side> sides_;
-    std::unordered_map<const EdgeDefinition*, Shape> faces_;
+    std::unordered_map<const EdgeDefinition*, Swept> faces_;
 };
 
 Shape shell_of(const Shape& wire, Sweeper& sweeper) {
@@ -117,7 +133,50 @@ Shape shell_of(const Shape& wire, Sweeper& sweeper) {
     return make_group(ShapeKind::Shell, std::move(edges)).oriented(wire.orientation());
 }
 
-Shape swept_in_place(const Shape& shape, Sweeper& sweeper) {
+bool has_placed_edges(const FaceDefinition& face) {
+    return std::any_of(face.loops().begin(), face.loops().end(), [](const Loop& loop) {
+        const std::vector<Shape>& edges = group_definition(loop.wire).children();
+        return loop.wire.placement() || std::any_of(edges.begin(), edges.end(), [](const Shape& edge) {
+                   return edge.placement() != nullptr;
+               });
+    });
+}
+
+/// The face at the end of its sweep.
+Shape top_of(const FaceDefinition& face, const Vector& sweep, Sweeper& sweeper) {
+    std::vector<Loop> loops = face.loops();
+    for (Loop& loop : loops) {
+        std::vector<Shape> edges = group_definition(loop.wire).children();
+        for (Shape& edge : edges) edge = sweeper.top_of(edge);
+        loop.wire = make_group(ShapeKind::Wire, std::move(edges)).oriented(loop.wire.orientation());
+    }
+    const Ref<Surface> surface = face.surface()->transformed(Transform::translation(sweep));
+    return Shape(make<FaceDefinition>(surface, std::move(loops)));
+}
+
+/// Faces swept by the edges of a face. A seam, which the face lies on both sides of, sweeps no wall.
+void add_walls(const Shape& face, Sweeper& sweeper, std::vector<Shape>& faces) {
+    const std::vector<Shape> edges = sub_shapes(face, ShapeKind::Edge);
+    std::unordered_map<const Definition*, int> uses;
+    for (const Shape& edge : edges) ++uses[edge.definition().get()];
+    for (const Shape& edge : edges) {
+        if (uses[edge.definition().get()] == 1) faces.push_back(sweeper.face_of(edge));
+    }
+}
+
+Shape solid_of(const Shape& given, const Vector& sweep, Sweeper& sweeper) {
+    Shape face(given.definition());
+    if (has_placed_edges(face_definition(face))) face = transformed(face, AffineMap());
+    std::vector<Shape> faces = {face.reversed(), top_of(face_definition(face), sweep, sweeper)};
+    add_walls(face, sweeper, faces);
+    const Shape shell = make_group(ShapeKind::Shell, std::move(faces));
+    if (!(std::abs(volume(shell)) > kConfusion * area(face))) {
+        throw KernelError("A face cannot be swept within itself");
+    }
+    return make_solid(shell);
+}
+
+Shape swept_in_place(const Shape& shape, const Vector& sweep, Sweeper& sweeper) {
     switch (shape.kind()) {
         case ShapeKind::Vertex:
             return sweeper.edge_of(as<const VertexDefinition>(shape.definition()));
@@ -125,18 +184,41 @@ Shape swept_in_place(const Shape& shape, Sweeper& sweeper) {
             return sweeper.face_of(shape);
         case ShapeKind::Wire:
             return shell_of(shape, sweeper);
+        case ShapeKind::Face:
+            return solid_of(shape, sweep, sweeper);
         default:
             throw KernelError("A " + std::string(name_of(shape.kind())) + " cannot be swept");
     }
+}
+
+/// The members of nested compounds that are no compounds themselves, in order.
+std::vector<Shape> flat_members(const Shape& compound) {
+    std::vector<Shape> pending{compound}, result;
+    while (!pending.empty()) {
+        const Shape next = std::move(pending.back());
+        pending.pop_back();
+        if (next.is(ShapeKind::Compound)) {
+            std::vector<Shape> members = children(next);
+            pending.insert(pending.end(), members.rbegin(), members.rend());
+        } else {
+            result.push_back(next);
+        }
+    }
+    return result;
 }
 
 }  // namespace
 
 Shape prism(const Shape& shape, const Vector& sweep) {
     if (!is_usable(sweep) || sweep.stableNorm() <= kConfusion) throw KernelError("The sweep has no length");
+    if (shape.is(ShapeKind::Compound)) {
+        std::vector<Shape> members = flat_members(shape);
+        for (Shape& member : members) member = prism(member, sweep);
+        return make_compound(std::move(members));
+    }
     const Vector own = shape.placement() ? shape.placement()->transform().inverse().vector(sweep) : sweep;
     Sweeper sweeper(own);
-    return swept_in_place(shape, sweeper).placed(shape.placement());
+    return swept_in_place(shape, own, sweeper).placed(shape.placement());
 }
 
 }  // namespace veltrane::kernel

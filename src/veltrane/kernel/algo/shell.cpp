@@ -1,6 +1,7 @@
 #include "veltrane/kernel/algo/shell.hpp"
 
 #include "veltrane/kernel/algo/build.hpp"
+#include "veltrane/kernel/algo/measure.hpp"
 #include "veltrane/kernel/algo/node_map.hpp"
 #include "veltrane/kernel/geom/line.hpp"
 #include "veltrane/kernel/math/error.hpp"
@@ -181,6 +182,17 @@ std::vector<ShellReport> make_shells(std::span<const Shape> faces) {
 ShellReport make_shell(std::span<const Shape> faces) {
     if (faces.empty()) throw KernelError("A shell needs a face");
     return FaceNet(faces).whole();
+}
+
+Shape make_solid(const Shape& shell) {
+    if (!shell.is(ShapeKind::Shell)) throw KernelError("A solid is made of a shell");
+    const ShellReport report = make_shell(own_children(shell));
+    if (!report.is_closed) throw KernelError("The shell is not closed");
+    if (!report.is_oriented) throw KernelError("The shell has no inside");
+    const double enclosed = volume(report.shell);
+    if (enclosed == 0 || !is_usable(enclosed)) throw KernelError("The shell encloses no volume");
+    const Shape kept = report.turned == 0 ? Shape(shell.definition()) : report.shell;
+    return make_group(ShapeKind::Solid, {enclosed < 0 ? kept.reversed() : kept}).placed(shell.placement());
 }
 
 PolygonShell make_polygon_shell(std::span<const Point> points,

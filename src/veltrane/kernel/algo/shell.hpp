@@ -52,6 +52,10 @@ std::vector<ShellReport> make_shells(std::span<const Shape> faces);
 /// All of them as one shell, also where they do not hang together. Throws KernelError for an empty list.
 ShellReport make_shell(std::span<const Shape> faces);
 
+/// The solid within a closed shell, whose faces are turned to look outwards. Throws KernelError for a shape
+/// that is no shell, a shell that is open or one-sided, and one that encloses no volume.
+Shape make_solid(const Shape& shell);
+
 struct LeftOutPolygon {
     std::size_t polygon;
     PlanarFault fault;

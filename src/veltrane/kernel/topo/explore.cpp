@@ -47,7 +47,7 @@ std::size_t saturated_sum(std::size_t a, std::size_t b) {
 
 using Counts = std::array<std::size_t, kShapeKindCount>;
 
-void add(Counts& sum, const Counts& other) {
+void add(Counts& sum, const Counts& other, const Ref<const Placement>& = nullptr) {
     for (std::size_t kind = 0; kind < kShapeKindCount; ++kind) {
         sum[kind] = saturated_sum(sum[kind], other[kind]);
     }
