@@ -43,7 +43,7 @@ const Loss kLosses[] = {
       "warning: DxfFile_RWObject: Unrecognized group (code 330) skipped at line 10",
       "warning: DxfFile_RWObject: Unrecognized group (code 330) skipped at line 12"}},
     // What is embedded has its own meaning of the codes
-    {"0 MTEXT|10 1|20 2|101 Embedded Object|70 1|10 5|20 6|1001 ACAD|1070 1",
+    {"0 TEXT|10 1|20 2|101 Embedded Object|70 1|10 5|20 6|1001 ACAD|1070 1",
      {"warning: An embedded object of 4 groups is skipped at line 8"}},
 };
 

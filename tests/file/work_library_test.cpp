@@ -137,6 +137,8 @@ TEST_F(WorkLibrary, FilesSuitOtherPrograms) {
         // Extended data goes back as it came, before the records that a record contains.
         {"AC1018", "0 POLYLINE|5 A|1001 X|1002 {|1070 1|1002 }|1000 b|0 VERTEX|5 B|0 SEQEND|5 C",
          "|1001 X|1002 {|1070 1|1002 }|1000 b|0 VERTEX|"},
+        {"AC1032", "0 MTEXT|5 A|8 0|10 1|20 2|101 Embedded Object|70 1|10 9|1001 X|1070 1",
+         "|44 1.0|101 Embedded Object|70 1|10 9|1001 X|1070 1|0 ENDSEC"},
         {"AC1024", "0 ACDSRECORD|90 1|2 ID|280 10|320 2F|94 2|310 0A0B",
          "0 ACDSRECORD|90 1|2 ID|280 10|320 2F|94 2|310 0A0B|0 ENDSEC"},
         {"AC1018", "0 SORTENTSTABLE|5 A|331 B|5 C|331 D|5 E", "|331 B|5 C|331 D|5 E|"},

@@ -44,6 +44,7 @@ struct DxfEnt_MText : Typed<DxfEnt_MText, DxfSection_Entity> {
     std::int32_t LineSpacingStyle = kUndefinedInteger;  ///< 1 at least, 2 exactly
     std::int32_t AttachPoint = 0;                       ///< 1 top left, by rows, to 9 bottom right
     std::int32_t Direction = 0;
+    Ref<DxfSection_HSequenceOfDxfGroup> EmbeddedObject;  ///< groups as read; from R2018 on
 };
 
 /// Its drawn geometry stands in the block `Name`.

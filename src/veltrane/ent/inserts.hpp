@@ -45,6 +45,7 @@ struct DxfEnt_Attrib : Typed<DxfEnt_Attrib, DxfSection_Entity> {
     std::int32_t TextGenFlags = 0;  ///< bits: 2 backward, 4 upside down
     std::int32_t HTextJustif = 0;
     std::int32_t VTextJustif = 0;
+    Ref<DxfSection_HSequenceOfDxfGroup> EmbeddedObject;  ///< groups as read; from R2018 on
 };
 
 /// What an attribute of a block is to be in its inserts.
@@ -68,6 +69,7 @@ struct DxfEnt_AttDef : Typed<DxfEnt_AttDef, DxfSection_Entity> {
     std::int32_t AttributeFlags = 0;  ///< bits: 1 invisible, 2 constant, 4 verify, 8 preset
     std::int32_t FieldLength = 0;
     std::int32_t VTextJustif = 0;
+    Ref<DxfSection_HSequenceOfDxfGroup> EmbeddedObject;  ///< groups as read; from R2018 on
 };
 
 /// A glyph of a shape file.

@@ -1,6 +1,7 @@
 #include "veltrane/file/annotations.hpp"
 
 #include "veltrane/file/common.hpp"
+#include "veltrane/file/embedded_object.hpp"
 
 namespace veltrane {
 
@@ -59,7 +60,9 @@ const RecordTable& record_table<DxfEnt_MText>() {
          real(43, "RectHeight", &Record::RectHeight).unless_undefined(),
          real(50, "Angle", &Record::Angle).absent_as(kUndefinedReal).empty_if_undefined(),
          integer(73, "LineSpacingStyle", &Record::LineSpacingStyle).unless_undefined(),
-         real(44, "LineSpacingFactor", &Record::LineSpacingFactor).unless_undefined()});
+         real(44, "LineSpacingFactor", &Record::LineSpacingFactor).unless_undefined(),
+         EmbeddedObject<Record>::row(),
+         groups("EmbeddedObject", &Record::EmbeddedObject).not_read().never_written().not_dumped()});
     return table;
 }
 
