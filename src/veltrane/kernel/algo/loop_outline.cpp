@@ -76,7 +76,7 @@ Side cross_piece(const OutlinePiece& piece, const Point2& p, double tolerance, b
             return Side::Outside;
         }
         if (sagitta <= tolerance / 8 || depth == kMaxDepth) return Side::On;
-        for (const OutlinePiece& half : piece.halves()) {
+        for (const OutlinePiece& half : piece.cut(0.5)) {
             if (cross_piece(half, p, tolerance, odd, depth + 1) == Side::On) return Side::On;
         }
         return Side::Outside;
@@ -117,14 +117,14 @@ Box OutlinePiece::hull() const {
     return box;
 }
 
-std::vector<OutlinePiece> OutlinePiece::halves() const {
+std::array<OutlinePiece, 2> OutlinePiece::cut(double share) const {
     std::vector<Pole> left, right = poles;
     left.reserve(poles.size());
     for (std::size_t level = right.size(); level > 0; --level) {
         left.push_back(right.front());
-        for (std::size_t i = 0; i + 1 < level; ++i) right[i] = (right[i] + right[i + 1]) / 2;
+        for (std::size_t i = 0; i + 1 < level; ++i) right[i] = (1 - share) * right[i] + share * right[i + 1];
     }
-    return {{std::move(left), edge}, {std::move(right), edge}};
+    return {OutlinePiece{std::move(left), edge}, OutlinePiece{std::move(right), edge}};
 }
 
 double OutlinePiece::sagitta() const {

@@ -5,6 +5,7 @@
 #include "veltrane/kernel/math/box.hpp"
 #include "veltrane/kernel/topo/definition.hpp"
 
+#include <array>
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -21,9 +22,9 @@ struct OutlinePiece {
     Point2 end() const { return poles.back().head<2>() / poles.back()[2]; }
     /// Of the poles, with z = 0: it holds the piece, and tightly where that is straight.
     Box hull() const;
-    /// The halves before and after the middle of its parameters (de Casteljau).
-    std::vector<OutlinePiece> halves() const;
-    Point2 middle() const { return halves().front().end(); }
+    /// The parts before and after a share of its parameters (de Casteljau).
+    std::array<OutlinePiece, 2> cut(double share) const;
+    Point2 middle() const { return cut(0.5).front().end(); }
     /// The greatest distance between the piece and its chord is at most this.
     double sagitta() const;
 };
