@@ -29,14 +29,17 @@ public:
     explicit Repeats(const RecordTable& table) : table_(table.keeps_last() ? &table : nullptr) {}
 
     void note(DxfFile_FileReader& reader) {
-        if (!table_) return;
+        if (table_) note_group(reader);
+    }
+
+private:
+    void note_group(DxfFile_FileReader& reader) {
         const Row* row = table_->find(reader.Code());
         if (!row || !row->keeps_last) return;
         if (std::find(met_.begin(), met_.end(), row) == met_.end()) return met_.push_back(row);
         send_replaced(reader);
     }
 
-private:
     const RecordTable* table_;
     std::vector<const Row*> met_;
 };
