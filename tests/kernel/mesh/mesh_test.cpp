@@ -105,6 +105,30 @@ TEST(Mesh, OfBodiesIsClosedAndTendsToThem) {
     }
 }
 
+TEST(Mesh, OfBodiesThatTouchThemselvesIsClosed) {
+    const struct {
+        const char* what;
+        std::vector<Shape> holes;
+    } rows[] = {
+        {"at a vertex of both", {ring(1, 0, 2)}},
+        {"at a vertex of one", {ring(-2, 0, 1)}},
+        {"between vertices", {ring(0, 1, 2)}},
+        {"at two places and each other", {ring(1, 0, 2), ring(-2, 0, 1)}},
+        {"nearly", {ring(0.7, 0.7, 2)}},
+        {"and cross a little", {ring(0.7072, 0.7072, 2)}},
+    };
+    for (const auto& row : rows) {
+        for (const double deflection : {0.3, 0.03, 0.003}) {
+            SCOPED_TRACE(row.what);
+            const Shape body = prism(face_of(ring(0, 0, 3), row.holes), {0, 0, 5});
+            const Mesh result = mesh(body, {.deflection = deflection});
+            expect_no_messages(result);
+            EXPECT_TRUE(is_watertight(result));
+            EXPECT_LT(std::abs(volume(result) - volume(body)), deflection * area(body));
+        }
+    }
+}
+
 TEST(Mesh, TrianglesLieOnTheirFaces) {
     for (const Body& body : bodies()) {
         SCOPED_TRACE(body.what);

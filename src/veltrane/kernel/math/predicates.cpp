@@ -1,8 +1,8 @@
 #include "veltrane/kernel/math/predicates.hpp"
 
+#include <array>
 #include <cmath>
 #include <limits>
-#include <vector>
 
 namespace veltrane::kernel {
 
@@ -17,43 +17,69 @@ int sign(double value) {
     return (value > 0) - (value < 0);
 }
 
-/// A number as the exact sum of doubles that do not overlap, the smallest first.
-using Expansion = std::vector<double>;
+/// A number as the exact sum of doubles that do not overlap, the smallest first, without zeros. The greatest
+/// that occurs here has 384 parts.
+struct Expansion {
+    int size = 0;
+    std::array<double, 384> parts;
 
-void append_if_not_zero(Expansion& e, double value) {
-    if (value != 0) e.push_back(value);
+    Expansion() {}  // most parts are never looked at
+    explicit Expansion(double value) { append(value); }
+    void append(double value) {
+        if (value != 0) parts[size++] = value;
+    }
+};
+
+struct Two {
+    double value, error;
+};
+
+Two two_sum(double a, double b) {
+    const double value = a + b, b_part = value - a;
+    return {value, (a - (value - b_part)) + (b - b_part)};
 }
 
-/// e + b.
-Expansion sum(const Expansion& e, double b) {
+Two two_product(double a, double b) {
+    const double value = a * b;
+    return {value, std::fma(a, b, -value)};
+}
+
+/// Fast-Expansion-Sum of the paper.
+Expansion sum(const Expansion& e, const Expansion& f) {
     Expansion result;
-    result.reserve(e.size() + 1);
-    for (const double part : e) {
-        const double total = b + part;
-        const double part_in_total = total - b;
-        append_if_not_zero(result, (b - (total - part_in_total)) + (part - part_in_total));
-        b = total;
+    int i = 0, j = 0;
+    const auto next = [&] {
+        const bool from_e = j == f.size || (i < e.size && std::abs(e.parts[i]) < std::abs(f.parts[j]));
+        return from_e ? e.parts[i++] : f.parts[j++];
+    };
+    double total = 0;
+    while (i < e.size || j < f.size) {
+        const Two step = two_sum(total, next());
+        result.append(step.error);
+        total = step.value;
     }
-    append_if_not_zero(result, b);
+    result.append(total);
     return result;
 }
 
-Expansion sum(Expansion e, const Expansion& f) {
-    for (const double part : f) e = sum(e, part);
-    return e;
-}
-
+/// Scale-Expansion of the paper.
 Expansion scaled(const Expansion& e, double factor) {
     Expansion result;
-    for (const double part : e) {
-        const double product = part * factor;
-        result = sum(sum(result, std::fma(part, factor, -product)), product);
+    double total = 0;
+    for (int i = 0; i < e.size; ++i) {
+        const Two product = two_product(e.parts[i], factor);
+        const Two low = two_sum(total, product.error);
+        const Two high = two_sum(product.value, low.value);
+        result.append(low.error);
+        result.append(high.error);
+        total = high.value;
     }
+    result.append(total);
     return result;
 }
 
 Expansion product(double a, double b) {
-    return scaled({a}, b);
+    return scaled(Expansion(a), b);
 }
 
 Expansion difference(const Expansion& e, const Expansion& f) {
@@ -76,7 +102,7 @@ Expansion lifted(const Expansion& e, const Point2& p) {
 }
 
 int sign(const Expansion& e) {
-    return e.empty() ? 0 : sign(e.back());
+    return e.size == 0 ? 0 : sign(e.parts[e.size - 1]);
 }
 
 int exact_in_circle(const Point2& a, const Point2& b, const Point2& c, const Point2& d) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace veltrane::kernel {
 
@@ -80,13 +81,22 @@ private:
     /// and the whole, which the neighbouring face uses.
     void add_side(int from, int to) {
         std::vector<int> passed;
-        if (!plane_.add_boundary(from, to, passed))
-            throw KernelError("The boundary of a face crosses itself");
+        if (!plane_.add_boundary(from, to, passed)) {
+            throw KernelError("The boundary of a face crosses itself too often");
+        }
+        while (static_cast<int>(places_.size()) < plane_.vertex_count()) {
+            add_point(plane_.point(static_cast<int>(places_.size())));
+        }
         int ahead = to;
         for (auto v = passed.rbegin(); v != passed.rend(); ++v) {
             add_triangle(from, ahead, *v);
             ahead = *v;
         }
+    }
+
+    void add_point(const Point2& p) {
+        places_.push_back(static_cast<std::uint32_t>(points_.size()));
+        points_.push_back(surface_.value(steps_.to_parameters(p)));
     }
 
     void add_triangle(int a, int b, int c) {
@@ -95,11 +105,28 @@ private:
         result_.triangles.push_back(triangle);
     }
 
+    /// Where loops that should touch cross a little, triangles that they run around the wrong way are turned:
+    /// then the sides of all triangles add up to the loops.
     void take_triangles() {
-        for (const Triangulation::Triangle& triangle : plane_.triangles()) {
-            if (!triangle.inside) continue;
-            add_triangle(triangle.corners[0], triangle.corners[1], triangle.corners[2]);
+        for (const auto& [from, to, vertex, passes] : plane_.splits()) {
+            for (int i = 0; i < passes; ++i) add_triangle(from, to, vertex);
+            for (int i = 0; i > passes; --i) add_triangle(to, from, vertex);
         }
+        double sum = 0;
+        for (const Triangulation::Triangle& triangle : plane_.triangles()) {
+            if (!triangle.is_inside()) continue;
+            const auto& [a, b, c] = triangle.corners;
+            const double size = cross2(plane_.point(b) - plane_.point(a), plane_.point(c) - plane_.point(a));
+            if (triangle.winding > 0) {
+                sum += size;
+                add_triangle(a, b, c);
+            } else {
+                sum -= size;
+                add_triangle(a, c, b);
+            }
+        }
+        if (sum >= 0) return;
+        for (MeshTriangle& triangle : result_.triangles) std::swap(triangle[1], triangle[2]);
     }
 
     /// The distance that a point in a triangle keeps from its corners and from boundaries, in steps.
@@ -109,7 +136,7 @@ private:
             const Point2& a = plane_.point(triangle.corners[(i + 1) % 3]);
             const Point2& b = plane_.point(triangle.corners[(i + 2) % 3]);
             least = std::min(least, (p - a).norm());
-            if (triangle.passes[i] != 0) least = std::min(least, distance_to_segment(p, a, b));
+            if (triangle.sides[i].is_fixed) least = std::min(least, distance_to_segment(p, a, b));
         }
         return least;
     }
@@ -117,8 +144,7 @@ private:
     bool insert(const Point2& p, double least_clearance, int near = -1) {
         const auto has_room = [&](const auto& triangle) { return clearance(triangle, p) >= least_clearance; };
         if (plane_.insert_inside(p, has_room, near) < 0) return false;
-        places_.push_back(static_cast<std::uint32_t>(points_.size()));
-        points_.push_back(surface_.value(steps_.to_parameters(p)));
+        add_point(p);
         return true;
     }
 
@@ -141,7 +167,7 @@ private:
             };
             std::vector<Wanted> wanted;
             for (std::size_t t = 0; t < plane_.triangles().size(); ++t) {
-                if (!plane_.triangles()[t].inside) continue;
+                if (!plane_.triangles()[t].is_inside()) continue;
                 if (const auto at = worst_place(plane_.triangles()[t]))
                     wanted.push_back({*at, static_cast<int>(t)});
             }
@@ -173,7 +199,7 @@ private:
         };
         consider((plane_.point(a) + plane_.point(b) + plane_.point(c)) / 3);
         for (int i = 0; i < 3; ++i) {
-            if (triangle.passes[i] != 0) continue;
+            if (triangle.sides[i].is_fixed) continue;
             consider(
                 (plane_.point(triangle.corners[(i + 1) % 3]) + plane_.point(triangle.corners[(i + 2) % 3])) /
                 2);

@@ -59,9 +59,10 @@ struct Mesh {
 /// curved ones get points inside where the deflection asks for them. Loops may touch and hold points on a
 /// line, at the price of triangles without area.
 ///
-/// A face or edge that cannot be divided (unbounded; a loop that crosses itself) has a message instead. The
-/// time is that of all uses of faces, times a logarithm of their points. Throws KernelError when an option is
-/// not positive and when the mesh would exceed max_points.
+/// Loops that cross
+/// are divided there. A face or edge that cannot be divided (unbounded; loops that do not close or cross very
+/// often) has a message instead. The time is that of all uses of faces, times a logarithm of their points.
+/// Throws KernelError when an option is not positive and when the mesh would exceed max_points.
 Mesh mesh(const Shape& shape, const MeshOptions& options = {});
 
 }  // namespace veltrane::kernel

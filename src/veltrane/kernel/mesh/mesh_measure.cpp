@@ -22,10 +22,10 @@ std::vector<Side> sorted_sides(const Mesh& mesh) {
 
 bool is_watertight(const Mesh& mesh) {
     const std::vector<Side> sides = sorted_sides(mesh);
-    if (sides.empty() || std::adjacent_find(sides.begin(), sides.end()) != sides.end()) return false;
-    return std::all_of(sides.begin(), sides.end(), [&](const Side& side) {
-        return std::binary_search(sides.begin(), sides.end(), Side(side.second, side.first));
-    });
+    std::vector<Side> back = sides;
+    for (Side& side : back) std::swap(side.first, side.second);
+    std::sort(back.begin(), back.end());
+    return !sides.empty() && sides == back;
 }
 
 double volume(const Mesh& mesh) {

@@ -5,8 +5,9 @@
 
 namespace veltrane::kernel {
 
-/// True when there are triangles and each side of one is used once in each direction: the mesh encloses space
-/// without gaps.
+/// True when there are triangles and each side is used as often in one direction as in the other: the mesh
+/// encloses space without gaps. Sides are used once each way, but where the shape touches itself along an
+/// edge.
 bool is_watertight(const Mesh& mesh);
 
 /// The volume that the triangles enclose, positive when their normals point outwards. Means nothing unless

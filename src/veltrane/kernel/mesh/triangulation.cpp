@@ -41,8 +41,7 @@ Triangulation::Triangulation(std::span<const Point2> points)
          {Vector2(-far, -far), Vector2(far, -far), Vector2(far, far), Vector2(-far, far)})
         points_.push_back(middle + corner);
     const int a = own_count_;
-    triangles_ = {{{a, a + 1, a + 2}, {kNone, 1, kNone}, {0, 0, 0}},
-                  {{a, a + 2, a + 3}, {kNone, kNone, 0}, {0, 0, 0}}};
+    triangles_ = {{{a, a + 1, a + 2}, {kNone, 1, kNone}, {}}, {{a, a + 2, a + 3}, {kNone, kNone, 0}, {}}};
     triangle_of_.assign(points_.size(), 0);
     triangle_of_[a + 3] = 1;
     insert_all();
@@ -69,7 +68,7 @@ int Triangulation::insert(const Point2& p, int t, int vertex) {
         if (points_[at.corners[i]] == p) return kNone;
         if (orientation(points_[at.corners[next(i)]], points_[at.corners[previous(i)]], p) == 0) on_edge = i;
     }
-    if (on_edge != kNone && at.passes[on_edge] != 0) return kNone;
+    if (on_edge != kNone && at.sides[on_edge].is_fixed) return kNone;
     if (vertex == vertex_count()) {
         points_.push_back(p);
         triangle_of_.push_back(t);
@@ -105,9 +104,12 @@ void Triangulation::split_triangle(int t, int v) {
     const Triangle old = triangles_[t];
     const auto [a, b, c] = old.corners;
     const int second = static_cast<int>(triangles_.size()), third = second + 1;
-    triangles_[t] = {{v, a, b}, {old.neighbours[2], second, third}, {old.passes[2], 0, 0}, old.inside};
-    triangles_.push_back({{v, b, c}, {old.neighbours[0], third, t}, {old.passes[0], 0, 0}, old.inside});
-    triangles_.push_back({{v, c, a}, {old.neighbours[1], t, second}, {old.passes[1], 0, 0}, old.inside});
+    const auto piece = [&](int x, int y, std::array<int, 3> neighbours, const Side& side) {
+        return Triangle{{v, x, y}, neighbours, {side, Side(), Side()}, old.winding};
+    };
+    triangles_[t] = piece(a, b, {old.neighbours[2], second, third}, old.sides[2]);
+    triangles_.push_back(piece(b, c, {old.neighbours[0], third, t}, old.sides[0]));
+    triangles_.push_back(piece(c, a, {old.neighbours[1], t, second}, old.sides[1]));
     relink(old.neighbours[0], t, second);
     relink(old.neighbours[1], t, third);
     triangle_of_[v] = triangle_of_[a] = triangle_of_[b] = t;
@@ -116,23 +118,33 @@ void Triangulation::split_triangle(int t, int v) {
     legalise(waiting);
 }
 
-void Triangulation::split_edge(EdgeOf at, int v) {
+/// The two triangles at an edge as a quadrilateral: p, a, q, b counter-clockwise, the edge between a and b.
+struct Triangulation::Quad {
+    Triangle one, two;   // with the corners p and q
+    int t, o;            // their numbers
+    int pa, bp, aq, qb;  // the outer sides: places in `one`, `one`, `two`, `two`
+    int p, a, q, b;
+};
+
+Triangulation::Quad Triangulation::quad_at(EdgeOf at) const {
     const EdgeOf opposite = across(at);
-    const int t = at.triangle, o = opposite.triangle;
-    const Triangle one = triangles_[t], two = triangles_[o];
+    const Triangle &one = triangles_[at.triangle], &two = triangles_[opposite.triangle];
     const int i = at.edge, j = opposite.edge;
-    const int p = one.corners[i], a = one.corners[next(i)], b = one.corners[previous(i)], q = two.corners[j];
+    return {
+        one,     two,         at.triangle,    opposite.triangle,    previous(i),    next(i),
+        next(j), previous(j), one.corners[i], one.corners[next(i)], two.corners[j], one.corners[previous(i)]};
+}
+
+void Triangulation::split_edge(EdgeOf at, int v) {
+    const auto [one, two, t, o, pa, bp, aq, qb, p, a, q, b] = quad_at(at);
     const int t2 = static_cast<int>(triangles_.size()), o2 = t2 + 1;
-    triangles_[t] = {
-        {v, p, a}, {one.neighbours[previous(i)], o2, t2}, {one.passes[previous(i)], 0, 0}, one.inside};
-    triangles_.push_back(
-        {{v, b, p}, {one.neighbours[next(i)], t, o}, {one.passes[next(i)], 0, 0}, one.inside});
-    triangles_.push_back(
-        {{v, a, q}, {two.neighbours[next(j)], o, t}, {two.passes[next(j)], 0, 0}, two.inside});
-    triangles_[o] = {
-        {v, q, b}, {two.neighbours[previous(j)], t2, o2}, {two.passes[previous(j)], 0, 0}, two.inside};
-    relink(one.neighbours[next(i)], t, t2);
-    relink(two.neighbours[next(j)], o, o2);
+    const Side side = one.sides[at.edge], back{side.is_fixed, -side.passes};
+    triangles_[t] = {{v, p, a}, {one.neighbours[pa], o2, t2}, {one.sides[pa], side, Side()}, one.winding};
+    triangles_.push_back({{v, b, p}, {one.neighbours[bp], t, o}, {one.sides[bp], Side(), side}, one.winding});
+    triangles_.push_back({{v, a, q}, {two.neighbours[aq], o, t}, {two.sides[aq], Side(), back}, two.winding});
+    triangles_[o] = {{v, q, b}, {two.neighbours[qb], t2, o2}, {two.sides[qb], back, Side()}, two.winding};
+    relink(one.neighbours[bp], t, t2);
+    relink(two.neighbours[aq], o, o2);
     triangle_of_[v] = triangle_of_[p] = triangle_of_[a] = t;
     triangle_of_[q] = triangle_of_[b] = o;
     std::vector<EdgeOf> waiting{{t, 0}, {t2, 0}, {o, 0}, {o2, 0}};
@@ -141,21 +153,17 @@ void Triangulation::split_edge(EdgeOf at, int v) {
 
 /// The other diagonal of the two triangles at an edge, which make a convex quadrilateral.
 void Triangulation::flip(EdgeOf at) {
-    const EdgeOf opposite = across(at);
-    const int t = at.triangle, o = opposite.triangle;
-    const Triangle one = triangles_[t], two = triangles_[o];
-    const int i = at.edge, j = opposite.edge;
-    const int p = one.corners[i], a = one.corners[next(i)], b = one.corners[previous(i)], q = two.corners[j];
+    const auto [one, two, t, o, pa, bp, aq, qb, p, a, q, b] = quad_at(at);
     triangles_[t] = {{p, a, q},
-                     {two.neighbours[next(j)], o, one.neighbours[previous(i)]},
-                     {two.passes[next(j)], 0, one.passes[previous(i)]},
-                     one.inside};
+                     {two.neighbours[aq], o, one.neighbours[pa]},
+                     {two.sides[aq], Side(), one.sides[pa]},
+                     one.winding};
     triangles_[o] = {{q, b, p},
-                     {one.neighbours[next(i)], t, two.neighbours[previous(j)]},
-                     {one.passes[next(i)], 0, two.passes[previous(j)]},
-                     two.inside};
-    relink(two.neighbours[next(j)], o, t);
-    relink(one.neighbours[next(i)], t, o);
+                     {one.neighbours[bp], t, two.neighbours[qb]},
+                     {one.sides[bp], Side(), two.sides[qb]},
+                     two.winding};
+    relink(two.neighbours[aq], o, t);
+    relink(one.neighbours[bp], t, o);
     triangle_of_[p] = triangle_of_[a] = t;
     triangle_of_[q] = triangle_of_[b] = o;
 }
@@ -167,7 +175,7 @@ void Triangulation::legalise(std::vector<EdgeOf>& waiting) {
         const EdgeOf at = waiting.back();
         waiting.pop_back();
         const Triangle& one = triangles_[at.triangle];
-        if (one.neighbours[at.edge] == kNone || one.passes[at.edge] != 0) continue;
+        if (one.neighbours[at.edge] == kNone || one.sides[at.edge].is_fixed) continue;
         const EdgeOf opposite = across(at);
         const int q = triangles_[opposite.triangle].corners[opposite.edge];
         if (in_circle(points_[one.corners[0]], points_[one.corners[1]], points_[one.corners[2]],
@@ -218,11 +226,12 @@ Triangulation::EdgeOf Triangulation::edge_between(int a, int b) const {
     return {kNone, 0};
 }
 
-void Triangulation::pass(EdgeOf at) {
-    const EdgeOf opposite = across(at);
-    std::uint8_t& passes = triangles_[at.triangle].passes[at.edge];
-    passes = passes == 1 ? 2 : 1;
-    if (opposite.triangle != kNone) triangles_[opposite.triangle].passes[opposite.edge] = passes;
+void Triangulation::pass(int from, int to) {
+    const EdgeOf at = edge_between(from, to), opposite = across(at);
+    const int along = triangles_[at.triangle].corners[next(at.edge)] == from ? 1 : -1;
+    Side& side = triangles_[at.triangle].sides[at.edge];
+    side = {true, side.passes + along};
+    triangles_[opposite.triangle].sides[opposite.edge] = {true, -side.passes};
 }
 
 /// The vertex to which an edge leads from `from` straight towards `to`; else -1 and the edge that is crossed
@@ -243,14 +252,14 @@ int Triangulation::edge_towards(int from, int to, EdgeOf& crossed) const {
     return kNone;
 }
 
-/// Flips away what crosses the segment; `to` becomes the first vertex on the way. False when a boundary
-/// crosses.
-bool Triangulation::make_edge_exist(int from, int& to, EdgeOf crossed) {
+/// Flips away what crosses the segment, beginning with an edge; `to` becomes the first vertex on the way.
+/// False, with the edge, when a boundary crosses.
+bool Triangulation::make_edge_exist(int from, int& to, EdgeOf& crossed) {
     const Point2 a = points_[from], b = points_[to];
     std::deque<std::pair<int, int>> crossing;
     while (true) {
         const Triangle& at = triangles_[crossed.triangle];
-        if (at.passes[crossed.edge] != 0) return false;
+        if (at.sides[crossed.edge].is_fixed) return false;
         crossing.emplace_back(at.corners[next(crossed.edge)], at.corners[previous(crossed.edge)]);
         const EdgeOf opposite = across(crossed);
         const int q = triangles_[opposite.triangle].corners[opposite.edge];
@@ -286,24 +295,53 @@ bool Triangulation::make_edge_exist(int from, int& to, EdgeOf crossed) {
             made.emplace_back(p, q);
         }
     }
-    pass(edge_between(from, to));
     std::vector<EdgeOf> waiting;
     for (const auto& [x, y] : made) waiting.push_back(edge_between(x, y));
+    pass(from, to);
     legalise(waiting);
     return true;
+}
+
+/// A vertex where the segment crosses a boundary. Where rounding leaves no room for a new one, the nearer end
+/// of the boundary's edge will do.
+int Triangulation::split_crossed(int from, int to, EdgeOf crossed) {
+    const Quad quad = quad_at(crossed);
+    const Point2 &p = points_[quad.p], &a = points_[quad.a], &q = points_[quad.q], &b = points_[quad.b];
+    const Vector2 along = b - a, way = points_[to] - points_[from];
+    const double share = cross2(points_[from] - a, way) / cross2(along, way);
+    const Point2 x = a + share * along;
+    const bool has_room = orientation(x, p, a) > 0 && orientation(x, a, q) > 0 && orientation(x, q, b) > 0 &&
+                          orientation(x, b, p) > 0;
+    if (!has_room) return share < 0.5 ? quad.a : quad.b;
+    const int vertex = vertex_count();
+    points_.push_back(x);
+    triangle_of_.push_back(crossed.triangle);
+    splits_.push_back({quad.a, quad.b, vertex, quad.one.sides[crossed.edge].passes});
+    split_edge(crossed, vertex);
+    return vertex;
 }
 
 bool Triangulation::add_boundary(int from, int to, std::vector<int>& passed) {
     from = standing_for(from);
     to = standing_for(to);
-    while (from != to) {
+    const std::size_t most_splits = 1000 + 4 * static_cast<std::size_t>(own_count_);
+    std::vector<int> targets{to};  // the next one last
+    while (!targets.empty()) {
+        if (from == targets.back()) {
+            targets.pop_back();
+            continue;
+        }
         EdgeOf crossed{kNone, 0};
-        int reached = edge_towards(from, to, crossed);
+        int reached = edge_towards(from, targets.back(), crossed);
         if (reached != kNone) {
-            pass(edge_between(from, reached));
+            pass(from, reached);
         } else {
-            reached = to;
-            if (crossed.triangle == kNone || !make_edge_exist(from, reached, crossed)) return false;
+            reached = targets.back();
+            if (!make_edge_exist(from, reached, crossed)) {
+                if (splits_.size() > most_splits || targets.size() > 100) return false;
+                targets.push_back(split_crossed(from, targets.back(), crossed));
+                continue;
+            }
         }
         if (reached != to) passed.push_back(reached);
         from = reached;
@@ -322,7 +360,7 @@ void Triangulation::mark_inside() {
             const int to = at.neighbours[i];
             if (to == kNone || seen[to]) continue;
             seen[to] = true;
-            triangles_[to].inside = at.inside != (at.passes[i] == 1);
+            triangles_[to].winding = at.winding - at.sides[i].passes;
             stack.push_back(to);
         }
     }
