@@ -124,6 +124,9 @@ TEST(Polyline, StaysWithinItsDeflection) {
     }
     EXPECT_EQ(polyline(*make_segment({0, 0, 0}, {1, 0, 0}), {0, 1}, {}).size(), 2u);
     EXPECT_EQ(polyline(Circle(Frame(), 1), {0, kTwoPi}, {100, kTwoPi / 12}).size(), 13u);
+    const BSplineCurve corner(
+        {2, {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {2, 1, 0}, {2, 2, 0}}, {}, {0, 1, 2}, {3, 2, 3}, false});
+    EXPECT_EQ(polyline(corner, {0, 2}, {}).size(), 3u);
 }
 
 TEST(Polyline, HasBoundedSizeWhateverIsAsked) {

@@ -22,8 +22,11 @@ double distance_to_segment(const Point& p, const Point& a, const Point& b) {
 /// Whether the chord over the piece may stand for the curve. What has shrunk to a point is flat, whatever
 /// its tangent does: cusps turn it at once.
 bool is_flat(const Curve& curve, const Interval& piece, const Deflection& deflection, int samples) {
+    // At a knot the tangent may jump to that of the next piece.
+    constexpr double kJustBeforeTheEnd = 1 - 1e-9;
     const CurveDerivatives a = curve.derivatives(piece.first), b = curve.derivatives(piece.last);
-    bool turns = angle_between(a.first, b.first) > deflection.angle;
+    const Vector last_tangent = curve.derivatives(piece.at(kJustBeforeTheEnd)).first;
+    bool turns = angle_between(a.first, last_tangent) > deflection.angle;
     double extent = distance(a.point, b.point);
     for (int i = 1; i <= samples; ++i) {
         const CurveDerivatives d = curve.derivatives(piece.at(static_cast<double>(i) / (samples + 1)));
