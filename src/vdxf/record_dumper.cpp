@@ -17,7 +17,8 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr int kNames = 1, kFields = 2;  // levels from which on these are shown
+constexpr int kNames = 1, kFields = 2, kEverything = 4;  // levels from which on these are shown
+constexpr int kAllDepths = 100;                          // of what is nested in a record
 
 /// What there is to tell about one record.
 class RecordFacts {
@@ -44,7 +45,8 @@ public:
     /// The fields as lines of text.
     std::string fields_of(const DxfSection_Object& record, Contents contents) {
         buffer_.seekp(0);  // over the last ones, so that their memory serves again
-        DxfFile_RWObject::Dump(buffer_, record, contents == Contents::Counted ? 0 : level_ - kFields);
+        const int depth = level_ < kEverything ? level_ - kFields : kAllDepths;
+        DxfFile_RWObject::Dump(buffer_, record, contents == Contents::Counted ? 0 : depth);
         return text_.lines(buffer_.view().substr(0, static_cast<std::size_t>(buffer_.tellp())));
     }
 

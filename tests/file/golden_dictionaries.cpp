@@ -32,7 +32,7 @@ const Goldens kDictionaries({
      "0 XRECORD|5 1|100 AcDbXrecord|280 1|280 2|5 3|102 {X|330 4|280 5"},
     {"0 XRECORD|5 1|100 AcDbXrecord|70 1|280 2", 1015, "0 XRECORD|5 1|100 AcDbXrecord|280 0|70 1|280 2"},
     {"0 XRECORD|5 1|100 AcDbXrecord", 1015, "0 XRECORD|5 1|100 AcDbXrecord|280 0"},
-    {"0 XRECORD|5 1", 1015, nullptr, OBJECT_DUMP "Data=<NULL>"},
+    {"0 XRECORD|5 1", 1015, nullptr, OBJECT_DUMP "Data=<NOT DEFINED>"},
 });
 
 const Goldens kLinks({

@@ -171,9 +171,9 @@ TEST(RecordGolden, DumpsAtHigherLevels) {
         *record_of("0 MULTILEADER|300 CONTEXT_DATA{|44 5|302 LEADER{|90 2|304 LEADER_LINE{|91 3|305 }|"
                    "303 }|301 }"),
         9);
-    for (const char* part : {"|Context Data {|Inherits DxfSection_Entity|{|", "|Text Height=5|",
-                             "|Leader Data {|Inherits DxfSection_Entity|{|", "|LeaderBranchIndex=2|",
-                             "|LeaderLines={|  {DxfEnt_MLeaderLine|Inherits DxfSection_Entity|{|",
+    for (const char* part : {"|Context Data {|ContentScale=0|", "|Text Height=5|",
+                             "|Leader Data {|HasSetLastLeaderLinePoint=No|", "|LeaderBranchIndex=2|",
+                             "|LeaderLines={|  {DxfEnt_MLeaderLine|Vertex=(0, 0, 0)|",
                              "|Vertex=(0, 0, 0)|LeaderLineIndex=3|  }|}|}|}|LeaderStyleId=0|"}) {
         EXPECT_NE(multileader.find(part), std::string::npos) << part << "\n" << multileader;
     }

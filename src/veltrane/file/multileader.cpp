@@ -10,7 +10,7 @@ namespace {
 
 /// The blocks carry the common fields of entities, which no file is known to give them.
 Row common_fields() {
-    return base(record_table<DxfSection_Entity>()).never_written();
+    return base(record_table<DxfSection_Entity>()).never_written().not_dumped();
 }
 
 }  // namespace

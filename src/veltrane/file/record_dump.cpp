@@ -34,7 +34,7 @@ void dump_sub_records(const Row& row, std::ostream& stream, const Transient& rec
 
 void dump_sub_record(const Row& row, std::ostream& stream, const Transient& record, int level) {
     if (row.records.count(record) < 0) {
-        dump_label(stream, row.label) << "<NULL>\n";
+        dump_label(stream, row.label) << "<NOT DEFINED>\n";
         return;
     }
     const Transient& item = row.records.item(record, 1);
@@ -120,11 +120,11 @@ void dump_row(const Row& row, std::ostream& stream, const Transient& record, int
 }  // namespace
 
 void dump_fields(const RecordTable& table, std::ostream& stream, const Transient& record, int level) {
-    if (const RecordTable* base = table.base()) {
-        stream << "Inherits " << base->class_name() << '\n';
+    if (table.base() && table.dumps_base()) {
+        stream << "Inherits " << table.base()->class_name() << '\n';
         if (level > 0) {
             stream << "{\n";
-            dump_fields(*base, stream, record, level - 1);
+            dump_fields(*table.base(), stream, record, level - 1);
             stream << "}\n";
         }
     }

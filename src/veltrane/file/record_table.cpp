@@ -34,7 +34,10 @@ const Row* RecordTable::alternative_to(const Row& row) const {
 }
 
 void RecordTable::index(const Row& row) {
-    if (row.kind == ValueKind::Base) base_ = row.base;
+    if (row.kind == ValueKind::Base) {
+        base_ = row.base;
+        dumps_base_ = row.is_dumped;
+    }
     if (row.kind == ValueKind::Groups && row.is_read) rest_ = &row;
     if (row.keeps_last) keeps_last_ = true;
     if (row.code < 0 || !row.is_read) return;

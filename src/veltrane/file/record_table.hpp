@@ -407,6 +407,7 @@ public:
     const std::vector<Row>& rows() const { return rows_; }
     /// The base record's table; null when there is none.
     const RecordTable* base() const { return base_; }
+    bool dumps_base() const { return dumps_base_; }
     /// The row that takes a group code, of this table or else of its bases; null when there is none.
     const Row* find(int code) const {
         return code >= 0 && code < kCodes && index_[static_cast<std::size_t>(code)] != kNoRow
@@ -441,6 +442,7 @@ private:
     const char* class_name_;
     std::vector<Row> rows_;
     const RecordTable* base_ = nullptr;
+    bool dumps_base_ = true;
     const Row* rest_ = nullptr;
     bool keeps_last_ = false;
     std::vector<const Row*> readers_;
