@@ -29,10 +29,14 @@ inline std::string groups(const std::string& records) {
     return text;
 }
 
-/// The file with these header variables and entities.
-inline std::string file_text(const std::string& entities, const std::string& header = {}) {
-    return "0\nSECTION\n2\nHEADER\n" + groups(header) + "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" +
-           groups(entities) + "0\nENDSEC\n0\nEOF\n";
+/// The file with these header variables, blocks and entities.
+inline std::string file_text(const std::string& entities, const std::string& header = {},
+                             const std::string& blocks = {}) {
+    const auto section = [](const char* name, const std::string& records) {
+        return std::string("0\nSECTION\n2\n") + name + "\n" + groups(records) + "0\nENDSEC\n";
+    };
+    return section("HEADER", header) + (blocks.empty() ? "" : section("BLOCKS", blocks)) +
+           section("ENTITIES", entities) + "0\nEOF\n";
 }
 
 inline Ref<DxfSection_Model> read_drawing(const std::string& text) {
@@ -48,8 +52,9 @@ inline Ref<DxfSection_Model> read_drawing(const std::string& text) {
 
 /// A drawing and what the import makes of its entities.
 struct Import {
-    explicit Import(const std::string& entities, const std::string& header = {})
-        : model(read_drawing(file_text(entities, header))) {
+    explicit Import(const std::string& entities, const std::string& header = {},
+                    const std::string& blocks = {})
+        : model(read_drawing(file_text(entities, header, blocks))) {
         process->SetModel(model);
         transfer();
     }

@@ -1,6 +1,9 @@
 #include "veltrane/data/init.hpp"
 
 #include "veltrane/data/translate_curve.hpp"
+#include "veltrane/data/translate_faces.hpp"
+#include "veltrane/data/translate_lwpolyline.hpp"
+#include "veltrane/data/translate_polyline.hpp"
 
 #include <mutex>
 
@@ -16,6 +19,10 @@ void register_translator(const Ref<DxfData_TranslateObject>& translator) {
 void register_translators() {
     register_translator<DxfEnt_Line, DxfEnt_Circle, DxfEnt_Ellipse, DxfEnt_Spline, DxfEnt_Ray, DxfEnt_XLine,
                         DxfEnt_Point>(make<DxfData_TranslateCurve>());
+    register_translator<DxfEnt_LWPolyline>(make<DxfData_TranslateLWPolyline>());
+    register_translator<DxfEnt_Polyline>(make<DxfData_TranslatePolyline>());
+    register_translator<DxfEnt_Face3d>(make<DxfData_TranslateFace3d>());
+    register_translator<DxfEnt_Trace>(make<DxfData_TranslateTrace>());  // and SOLID
 }
 
 }  // namespace

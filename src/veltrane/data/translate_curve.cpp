@@ -1,5 +1,6 @@
 #include "veltrane/data/translate_curve.hpp"
 
+#include "veltrane/data/free_geometry.hpp"
 #include "veltrane/data/object_coordinates.hpp"
 #include "veltrane/kernel/geom/bspline_convert.hpp"
 #include "veltrane/kernel/geom/bspline_knots.hpp"
@@ -18,6 +19,7 @@
 namespace veltrane {
 namespace {
 
+using DxfData::radians;
 using kernel::kTwoPi;
 
 constexpr double kSmallestSpan = 1e-7;       // radians
@@ -25,16 +27,6 @@ constexpr double kSmallestElevation = 1e-7;  // drawing units
 constexpr double kKnotRemoval = 1e-7;
 constexpr std::int32_t kPeriodicFlag = 2;
 constexpr std::int32_t kRationalFlag = 4;
-
-Ref<DxfData_GeometrySequence> one(Ref<Transient> item) {
-    auto sequence = make<DxfData_GeometrySequence>();
-    sequence->Append(std::move(item));
-    return sequence;
-}
-
-double radians(double degrees) {
-    return degrees * std::numbers::pi / 180;
-}
 
 /// An angle moved by whole turns into [0, 2 pi).
 double into_turn(double angle) {
@@ -59,17 +51,6 @@ bool take_sweep(const DxfSection_Object& record, double scale, double& thickness
     extrusion = kernel::unit(known->ExtrusionDir);
     thickness = scale * known->Thickness;
     return true;
-}
-
-void raise(DxfData_GeometrySequence& sequence, double height) {
-    const auto lift = kernel::Transform::translation({0, 0, height});
-    for (Ref<Transient>& item : sequence) {
-        if (const auto point = as<kernel::FreePoint>(item)) {
-            item = make<kernel::FreePoint>(lift.point(point->point()));
-        } else if (const auto curve = as<kernel::Curve>(item)) {
-            item = curve->transformed(lift);
-        }
-    }
 }
 
 /// Makes a spline with fewer knots than an open one needs a periodic one; false when the numbers do not
@@ -114,7 +95,8 @@ Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::MakeGeometry(DxfData_Trans
         } else {
             const auto* entity = as<DxfSection_Entity>(record.get());
             if (entity && std::abs(entity->Elevation0) > kSmallestElevation) {
-                raise(*geometry, scale * entity->Elevation0);
+                DxfData::transform(*geometry,
+                                   kernel::Transform::translation({0, 0, scale * entity->Elevation0}));
             }
             context.AddStatus(DxfData_Status::Done1);
         }
@@ -134,7 +116,7 @@ Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::build(const DxfSection_Obj
     if (const auto* ellipse = as<const DxfEnt_Ellipse>(&record)) return MakeEllipse(*ellipse, scale);
     if (const auto* spline = as<const DxfEnt_Spline>(&record)) return MakeSpline(*spline, scale);
     const auto* point = as<const DxfEnt_Point>(&record);
-    return point ? one(make<kernel::FreePoint>(scale * point->PointLocation)) : nullptr;
+    return point ? DxfData::sequence_of(make<kernel::FreePoint>(scale * point->PointLocation)) : nullptr;
 }
 
 /// The points of a LINE are world points, whatever its extrusion.
@@ -142,7 +124,7 @@ Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::MakeLine(const DxfEnt_Line
     const kernel::Point start = scale * line.StartPoint;
     const kernel::Point end = scale * line.EndPoint;
     if (kernel::distance(start, end) <= kernel::kZeroLength) return nullptr;
-    return one(kernel::make_segment(start, end));
+    return DxfData::sequence_of(kernel::make_segment(start, end));
 }
 
 Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::MakeCircle(const DxfEnt_Circle& circle, double scale) {
@@ -154,11 +136,11 @@ Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::MakeCircle(const DxfEnt_Ci
         make<kernel::Circle>(kernel::Frame{centre, axes.col(0), axes.col(1), axes.col(2)}, radius);
 
     const auto* arc = as<const DxfEnt_Arc>(&circle);
-    if (!arc) return one(whole);
+    if (!arc) return DxfData::sequence_of(whole);
     const double start = into_turn(radians(arc->StartAngle));
     const double span = arc_span(radians(arc->EndAngle) - radians(arc->StartAngle));
-    if (!(span > kSmallestSpan)) return one(whole);
-    return one(make<kernel::TrimmedCurve>(whole, start, start + span));
+    if (!(span > kSmallestSpan)) return DxfData::sequence_of(whole);
+    return DxfData::sequence_of(make<kernel::TrimmedCurve>(whole, start, start + span));
 }
 
 /// Centre and axis of an ELLIPSE are world co-ordinates.
@@ -172,17 +154,18 @@ Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::MakeEllipse(const DxfEnt_E
         kernel::Frame::from_normal_and_x(scale * ellipse.CenterPoint, ellipse.ExtrusionDir, axis);
     const Ref<kernel::Curve> whole = make<kernel::Ellipse>(frame, major, minor);
     const double span = into_turn(std::abs(ellipse.EndParameter - ellipse.StartParameter));
-    if (!(span > kSmallestSpan)) return one(whole);
-    return one(make<kernel::TrimmedCurve>(whole, ellipse.StartParameter, ellipse.EndParameter));
+    if (!(span > kSmallestSpan)) return DxfData::sequence_of(whole);
+    return DxfData::sequence_of(
+        make<kernel::TrimmedCurve>(whole, ellipse.StartParameter, ellipse.EndParameter));
 }
 
 Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::MakeRay(const DxfEnt_Ray& ray, double scale) {
     const Ref<kernel::Curve> line = make<kernel::Line>(scale * ray.StartPoint, ray.UnitDirection);
-    return one(make<kernel::TrimmedCurve>(line, 0, kernel::kInfinite));
+    return DxfData::sequence_of(make<kernel::TrimmedCurve>(line, 0, kernel::kInfinite));
 }
 
 Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::MakeXLine(const DxfEnt_XLine& line, double scale) {
-    return one(make<kernel::Line>(scale * line.FirstPoint, line.UnitDirection));
+    return DxfData::sequence_of(make<kernel::Line>(scale * line.FirstPoint, line.UnitDirection));
 }
 
 /// Fit points and tangents are never used: a spline known by them alone gives nothing.
@@ -212,7 +195,7 @@ Ref<DxfData_GeometrySequence> DxfData_TranslateCurve::MakeSpline(const DxfEnt_Sp
     if ((spline.SplineFlag & kPeriodicFlag) && !curve->is_periodic()) {
         curve = kernel::with_first_multiplicity(*kernel::make_periodic(*curve), 1, kKnotRemoval);
     }
-    return one(curve);
+    return DxfData::sequence_of(curve);
 }
 
 }  // namespace veltrane
