@@ -1,7 +1,9 @@
 #include "veltrane/data/init.hpp"
 
+#include "veltrane/data/translate_block.hpp"
 #include "veltrane/data/translate_curve.hpp"
 #include "veltrane/data/translate_faces.hpp"
+#include "veltrane/data/translate_insert.hpp"
 #include "veltrane/data/translate_lwpolyline.hpp"
 #include "veltrane/data/translate_polyline.hpp"
 
@@ -23,6 +25,8 @@ void register_translators() {
     register_translator<DxfEnt_Polyline>(make<DxfData_TranslatePolyline>());
     register_translator<DxfEnt_Face3d>(make<DxfData_TranslateFace3d>());
     register_translator<DxfEnt_Trace>(make<DxfData_TranslateTrace>());  // and SOLID
+    register_translator<DxfSection_Block>(make<DxfData_TranslateBlock>());
+    register_translator<DxfEnt_Insert>(make<DxfData_TranslateInsert>());
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ kernel::Transform ECSToWCS(const kernel::Vector& normal, const kernel::Point& or
     kernel::Point world = origin;
     const kernel::Matrix3 axes = ECSToWCS(normal, world);
     const auto turned = kernel::Transform::rotation({0, 0, 0}, {0, 0, 1}, rotation);
-    return kernel::Transform::from_matrix(axes * turned.rotation_part(), world);
+    return kernel::Transform::from_frame({world, axes.col(0), axes.col(1), axes.col(2)}) * turned;
 }
 
 }  // namespace veltrane::DxfData

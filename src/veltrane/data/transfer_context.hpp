@@ -1,6 +1,7 @@
 // The state of one transfer between records and shapes.
 #pragma once
 
+#include "veltrane/data/block_library.hpp"
 #include "veltrane/data/code_page.hpp"
 #include "veltrane/exchange/read_process.hpp"
 #include "veltrane/exchange/record_map.hpp"
@@ -114,6 +115,9 @@ public:
     DxfData_ObjectMap& Records() { return records_; }
     const DxfData_ObjectMap& Records() const { return records_; }
 
+    /// Import: what inserts need to know of blocks.
+    DxfData_BlockLibrary& Blocks() { return blocks_; }
+
     /// Millimetres per drawing unit.
     double UnitScale() const { return unit_scale_; }
     void SetUnitScale(double scale) { unit_scale_ = scale; }
@@ -142,6 +146,7 @@ private:
     Ref<WriteProcess> write_process_;
     RecordMap<Ref<DxfData_GeometrySequence>> geometry_;
     DxfData_ObjectMap records_;
+    DxfData_BlockLibrary blocks_;
     std::uint32_t status_ = 0;
     double unit_scale_ = 1.0;
     veltrane::CodePage code_page_ = veltrane::CodePage::Iso8859_1;
