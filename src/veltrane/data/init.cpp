@@ -5,6 +5,7 @@
 #include "veltrane/data/translate_faces.hpp"
 #include "veltrane/data/translate_insert.hpp"
 #include "veltrane/data/translate_lwpolyline.hpp"
+#include "veltrane/data/translate_mline.hpp"
 #include "veltrane/data/translate_polyline.hpp"
 
 #include <mutex>
@@ -27,6 +28,7 @@ void register_translators() {
     register_translator<DxfEnt_Trace>(make<DxfData_TranslateTrace>());  // and SOLID
     register_translator<DxfSection_Block>(make<DxfData_TranslateBlock>());
     register_translator<DxfEnt_Insert>(make<DxfData_TranslateInsert>());
+    register_translator<DxfEnt_MLine>(make<DxfData_TranslateMLine>());
 }
 
 }  // namespace
