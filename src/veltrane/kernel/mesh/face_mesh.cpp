@@ -55,6 +55,8 @@ private:
         for (const Polygon& polygon : polygons) {
             for (const Corner& corner : polygon) {
                 result.push_back(steps_.to_steps(corner.parameters));
+                if (!is_usable(result.back()))
+                    throw KernelError("A face has no extent beside its co-ordinates");
                 places_.push_back(corner.point);
             }
         }

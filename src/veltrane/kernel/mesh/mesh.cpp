@@ -7,14 +7,16 @@
 #include "veltrane/kernel/topo/explore.hpp"
 
 #include <algorithm>
-#include <numeric>
 #include <unordered_map>
+#include <utility>
 
 namespace veltrane::kernel {
 
 namespace {
 
 constexpr double kGreatestAngle = 1;
+/// Less than 32 bits can tell apart, with room for the face at which the limit is noticed.
+constexpr std::size_t kMostPlaces = 2'000'000'000;
 
 MeshOptions checked(MeshOptions options) {
     const auto is_positive = [](double value) { return value > 0 && is_usable(value); };
@@ -23,6 +25,7 @@ MeshOptions checked(MeshOptions options) {
         throw KernelError("An option for a mesh is not positive");
     }
     options.angle = std::min(options.angle, kGreatestAngle);
+    options.max_points = std::min(options.max_points, kMostPlaces);
     return options;
 }
 

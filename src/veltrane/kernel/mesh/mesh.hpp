@@ -23,7 +23,7 @@ struct MeshOptions {
     int max_divisions = 10000;
     /// Most points inside one face.
     int max_face_points = 250000;
-    /// Most points in all; a shape that needs more is refused.
+    /// Most points in all, 2e9 at the most; a shape that needs more is refused.
     std::size_t max_points = 50'000'000;
 };
 

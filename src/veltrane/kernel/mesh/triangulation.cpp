@@ -326,7 +326,7 @@ bool Triangulation::add_boundary(int from, int to, std::vector<int>& passed) {
     to = standing_for(to);
     const std::size_t most_splits = 1000 + 4 * static_cast<std::size_t>(own_count_);
     std::vector<int> targets{to};  // the next one last
-    while (!targets.empty()) {
+    for (std::size_t steps = 0; !targets.empty(); ++steps) {
         if (from == targets.back()) {
             targets.pop_back();
             continue;
@@ -338,7 +338,7 @@ bool Triangulation::add_boundary(int from, int to, std::vector<int>& passed) {
         } else {
             reached = targets.back();
             if (!make_edge_exist(from, reached, crossed)) {
-                if (splits_.size() > most_splits || targets.size() > 100) return false;
+                if (splits_.size() > most_splits || steps > 4 * points_.size() + 1000) return false;
                 targets.push_back(split_crossed(from, targets.back(), crossed));
                 continue;
             }
