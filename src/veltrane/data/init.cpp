@@ -3,6 +3,7 @@
 #include "veltrane/data/translate_block.hpp"
 #include "veltrane/data/translate_curve.hpp"
 #include "veltrane/data/translate_faces.hpp"
+#include "veltrane/data/translate_hatch.hpp"
 #include "veltrane/data/translate_insert.hpp"
 #include "veltrane/data/translate_lwpolyline.hpp"
 #include "veltrane/data/translate_mline.hpp"
@@ -29,6 +30,7 @@ void register_translators() {
     register_translator<DxfSection_Block>(make<DxfData_TranslateBlock>());
     register_translator<DxfEnt_Insert>(make<DxfData_TranslateInsert>());
     register_translator<DxfEnt_MLine>(make<DxfData_TranslateMLine>());
+    register_translator<DxfEnt_Hatch>(make<DxfData_TranslateHatch>());
 }
 
 }  // namespace
