@@ -2,6 +2,7 @@
 
 #include "kernel/algo/sample_shapes.hpp"
 #include "veltrane/kernel/algo/bounds.hpp"
+#include "veltrane/kernel/algo/check.hpp"
 #include "veltrane/kernel/algo/fit_plane.hpp"
 #include "veltrane/kernel/algo/measure.hpp"
 #include "veltrane/kernel/algo/transform.hpp"
@@ -198,11 +199,23 @@ TEST(PlanarFaces, LetLoopsTouch) {
          {1, 36}},
     };
     for (const auto& row : rows) {
-        const PlanarFaces made = make_planar_faces(row.wires);
-        EXPECT_TRUE(made.left_out.empty()) << row.what;
-        ASSERT_EQ(made.faces.size(), row.areas.size()) << row.what;
-        for (std::size_t i = 0; i < row.areas.size(); ++i) {
-            EXPECT_NEAR(area(made.faces[i]), row.areas[i], 1e-9) << row.what;
+        for (const double scale : {1.0, 1e-3, 1e8}) {
+            SCOPED_TRACE(row.what);
+            std::vector<Shape> wires;
+            for (const Shape& wire : row.wires) {
+                const Transform grown =
+                    Transform::rotation({0, 0, 0}, {1, 2, 3}, 0.4) * Transform::scaling({0, 0, 0}, scale);
+                wires.push_back(transformed(wire, grown));
+            }
+            const PlanarFaces made = make_planar_faces(wires);
+            EXPECT_TRUE(made.left_out.empty());
+            ASSERT_EQ(made.faces.size(), row.areas.size());
+            for (std::size_t i = 0; i < row.areas.size(); ++i) {
+                EXPECT_NEAR(area(made.faces[i]), row.areas[i] * scale * scale, 1e-9 * scale * scale);
+            }
+            for (const Finding& finding : check(make_compound(made.faces))) {
+                ADD_FAILURE() << message(finding.flaw) << ", " << finding.size << ", scale " << scale;
+            }
         }
     }
 }

@@ -153,17 +153,23 @@ private:
         }
     }
 
-    bool examine_crossings(const Shape& shape, const FaceDefinition& face) {
-        std::vector<std::vector<OutlinePiece>> outlines;
+    /// How near boundaries come to touch in the parameters of a face.
+    double reach_of(const FaceDefinition& face) const {
+        const double reach = in_parameters(*face.surface(), point_of(face.loops().front()), tolerance_);
         double largest = 0;
         for (const Loop& loop : face.loops()) {
-            outlines.push_back(outline_pieces(loop));
-            for (const OutlinePiece& piece : outlines.back()) {
-                largest = std::max(largest, piece.start().cwiseAbs().maxCoeff());
+            for (std::size_t i = 0; i < loop.parameter_curves.size(); ++i) {
+                const double start = edge_definition(own_child(loop.wire, i)).range().first;
+                largest = std::max(largest, loop.parameter_curves[i].value(start).cwiseAbs().maxCoeff());
             }
         }
-        const double reach = in_parameters(*face.surface(), point_of(face.loops().front()), tolerance_);
-        const CrossingSearch search = find_crossing(outlines, above_rounding(reach, largest));
+        return outline_tolerance(reach, largest);
+    }
+
+    bool examine_crossings(const Shape& shape, const FaceDefinition& face) {
+        std::vector<std::vector<OutlinePiece>> outlines;
+        for (const Loop& loop : face.loops()) outlines.push_back(outline_pieces(loop));
+        const CrossingSearch search = find_crossing(outlines, reach_of(face));
         if (search.crossing) {
             note(Flaw::CrossingBoundary, shape);
         } else if (!search.is_complete) {
@@ -177,9 +183,10 @@ private:
         std::vector<LoopOutline> outlines;
         std::vector<double> areas;
         std::vector<bool> is_outer;
+        const double reach = reach_of(face);
         for (const Loop& loop : face.loops()) {
             const double area = loop_moments(loop, point_of(loop)).area;
-            outlines.emplace_back(loop, tolerance_);
+            outlines.emplace_back(loop, reach);
             areas.push_back(std::abs(area));
             is_outer.push_back(area > 0);
         }

@@ -1,5 +1,6 @@
 #include "veltrane/kernel/algo/loop_outline.hpp"
 
+#include "veltrane/kernel/algo/fit_plane.hpp"
 #include "veltrane/kernel/geom/bezier.hpp"
 
 #include <algorithm>
@@ -43,6 +44,10 @@ std::vector<OutlinePiece> pieces_of_edge(const ParameterCurve& path, const Inter
 void move_start(OutlinePiece& piece, const Point2& to) {
     Pole& pole = piece.poles.front();
     pole.head<2>() = to * pole[2];
+}
+
+bool is_gap(const Point2& a, const Point2& b) {
+    return (b - a).norm() > outline_tolerance(kConfusion, a.cwiseAbs().maxCoeff());
 }
 
 double distance_to_chord(const Point2& p, const Point2& a, const Point2& b) {
@@ -137,6 +142,10 @@ double OutlinePiece::sagitta() const {
     return result;
 }
 
+double outline_tolerance(double tolerance, double largest) {
+    return above_rounding(tolerance, 16 * largest);
+}
+
 std::vector<OutlinePiece> outline_pieces(const Loop& loop) {
     const std::vector<Shape>& edges = group_definition(loop.wire).children();
     std::vector<OutlinePiece> result;
@@ -148,8 +157,7 @@ std::vector<OutlinePiece> outline_pieces(const Loop& loop) {
             if (!result.empty()) {
                 const Point2 joint = result.back().end();
                 // Rounding is mended in the piece, a gap that a tolerance allows by a bridge.
-                const double gap = (piece.start() - joint).norm();
-                if (gap > kConfusion) {
+                if (is_gap(joint, piece.start())) {
                     result.push_back(segment(joint, piece.start(), n));
                 } else {
                     move_start(piece, joint);
@@ -158,8 +166,12 @@ std::vector<OutlinePiece> outline_pieces(const Loop& loop) {
             result.push_back(std::move(piece));
         }
     }
-    if (!result.empty() && result.back().end() != result.front().start()) {
-        result.push_back(segment(result.back().end(), result.front().start(), edges.size() - 1));
+    if (result.empty()) return result;
+    const Point2 end = result.back().end(), start = result.front().start();
+    if (is_gap(end, start)) {
+        result.push_back(segment(end, start, edges.size() - 1));
+    } else {
+        move_start(result.front(), end);
     }
     return result;
 }
@@ -198,7 +210,7 @@ std::vector<std::size_t> nesting(std::span<const LoopOutline> outlines, std::spa
     std::stable_sort(by_area.begin(), by_area.end(),
                      [&](std::size_t a, std::size_t b) { return areas[a] > areas[b]; });
     std::vector<Box> boxes;
-    for (const std::size_t i : by_area) boxes.push_back(outlines[i].box().enlarged(kConfusion));
+    for (const std::size_t i : by_area) boxes.push_back(outlines[i].box().enlarged(outlines[i].tolerance()));
     const IntervalBins by_y(heights(boxes, 0));
 
     std::vector<std::size_t> parents(outlines.size(), kNoParent);

@@ -29,6 +29,10 @@ struct OutlinePiece {
     double sagitta() const;
 };
 
+/// `tolerance`, or what rounding makes of points with parameters up to `largest` when their pieces are cut
+/// over and over, if that is more.
+double outline_tolerance(double tolerance, double largest);
+
 /// The pieces of a loop in running order, each starting where the one before ends: gaps within the loop are
 /// bridged by straight pieces. Throws KernelError for an unbounded edge.
 std::vector<OutlinePiece> outline_pieces(const Loop& loop);
@@ -43,6 +47,7 @@ public:
 
     const std::vector<OutlinePiece>& pieces() const { return pieces_; }
     const Box& box() const { return box_; }
+    double tolerance() const { return tolerance_; }
 
     Side side_of(const Point2& point) const;
     /// Where another loop lies that does not cross this one: decided by the first of its points that is not

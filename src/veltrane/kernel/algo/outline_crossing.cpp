@@ -103,6 +103,22 @@ bool passes_over(const Vector2& in, const Vector2& out, const Vector2& other_in,
     return inside[0] != inside[1];
 }
 
+/// Whether a piece lies on one side of the strip that holds another one (the fat line of T. W. Sederberg and
+/// T. Nishita, "Curve intersection using Bezier clipping", Computer-Aided Design 22, 1990).
+bool lies_beside(const OutlinePiece& piece, const OutlinePiece& other, double other_sagitta) {
+    const Point2 start = other.start();
+    const Vector2 chord = other.end() - start;
+    const double reach = other_sagitta * chord.norm();
+    if (!(chord.squaredNorm() > 0)) return false;
+    bool left = true, right = true;
+    for (const OutlinePiece::Pole& pole : piece.poles) {
+        const double side = cross2(chord, pole.head<2>() / pole[2] - start);
+        left = left && side > reach;
+        right = right && side < -reach;
+    }
+    return left || right;
+}
+
 /// Total turn of the control polygon: a piece that turns by less than half a turn cannot meet itself.
 bool may_meet_itself(const OutlinePiece& piece) {
     double sum = 0;
@@ -247,6 +263,7 @@ private:
         if (pair_is_done() || !spend(kCostOfPair)) return;
         if (depth > 0 && !extents_of(a).overlap(extents_of(b), 0)) return;
         const double a_sagitta = a.sagitta(), b_sagitta = b.sagitta();
+        if (lies_beside(a, b, b_sagitta) || lies_beside(b, a, a_sagitta)) return;
         if (chords_cross(a, b, a_sagitta, b_sagitta)) return;
         const bool a_is_flat = a_sagitta <= tolerance_ / 8, b_is_flat = b_sagitta <= tolerance_ / 8;
         if ((a_is_flat && b_is_flat) || depth >= 2 * kMaxDepth) return;

@@ -254,7 +254,7 @@ PlanarFaces nested_faces(Figures& figures, const Frame& frame, double tolerance)
     std::vector<LoopOutline> outlines;
     std::vector<double> areas;
     for (const FlatLoop& loop : flat.loops) {
-        outlines.emplace_back(loop.loop, above_rounding(tolerance, loop.extent));
+        outlines.emplace_back(loop.loop, outline_tolerance(tolerance, loop.extent));
         areas.push_back(std::abs(loop.area));
     }
     const std::vector<std::size_t> parents = nesting(outlines, areas);
