@@ -2,6 +2,7 @@
 
 #include "data/measures.hpp"
 #include "veltrane/exchange/parameters.hpp"
+#include "veltrane/file/dxf_file.hpp"
 
 #include <gtest/gtest.h>
 
@@ -122,6 +123,7 @@ TEST(TranslateHatch, LoopsOfEntities) {
 }
 
 TEST(TranslateHatch, TheParameterAsksForAllFaces) {
+    DxfFile::Init();  // registers the parameter
     StaticParameters::SetInteger("read.dxf.hatchentities", 1);
     const std::string clockwise =
         "= 1 93 2 72 2 10 0 20 0 40 2 50 270 51 360 73 0 72 1 10 0 20 2 11 2 21 0 97 0 ";

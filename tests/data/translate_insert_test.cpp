@@ -2,6 +2,7 @@
 
 #include "data/measures.hpp"
 #include "veltrane/exchange/parameters.hpp"
+#include "veltrane/file/dxf_file.hpp"
 #include "veltrane/kernel/math/error.hpp"
 
 #include <gtest/gtest.h>
@@ -190,6 +191,7 @@ TEST(TranslateInsert, AFactorThatIsAlmostOneIsRefused) {
 TEST(TranslateInsert, AnonymousBlocksFollowTheirParameter) {
     const std::string blocks = "BLOCK 2 *U1 70 1\nCIRCLE 10 0 20 0 30 0 40 1\nENDBLK\n" +
                                block("A", insert("*U1") + "POINT 10 0 20 0 30 0");
+    DxfFile::Init();  // registers the parameter
     for (const int on : {0, 1}) {
         StaticParameters::SetInteger("read.dxf.anonymous.blocks", on);
         const Import direct(insert("*U1"), {}, blocks);

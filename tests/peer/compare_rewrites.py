@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Rewrites real drawings and lets an independent reader hold the result against the original.
 
-    compare_rewrites.py VDXF SAMPLES_FOLDER ezdxf
-    compare_rewrites.py VDXF SAMPLES_FOLDER dxflib DXFLIB_THINGS
+    compare_rewrites.py VDXF --samples=FOLDER ezdxf
+    compare_rewrites.py VDXF --samples=FOLDER dxflib --program=DXFLIB_THINGS
 
 Every ASCII drawing below the folder is read and written in its own version. The reader must find the same things
 in both files and nothing more to object to in the rewritten one, but for what rewrite_excuses.py lists. An original
@@ -14,6 +14,7 @@ entities per type and container, table entries, blocks, layouts, objects. dxflib
 every figure, and so shows wrong values. It is one small library without dependencies; GDAL's reader would bring
 some forty packages and tells features of a flattened drawing, without its tables.
 """
+import argparse
 import collections
 import dataclasses
 import functools
@@ -145,7 +146,13 @@ def tell_excuses(reader, rows, paths):
 
 
 def main():
-    vdxf, folder, reader, program = (sys.argv[1:] + [""])[:4]
+    arguments = argparse.ArgumentParser(usage=__doc__)
+    arguments.add_argument("vdxf")
+    arguments.add_argument("reader", choices=["ezdxf", "dxflib"])
+    arguments.add_argument("--samples", default="")
+    arguments.add_argument("--program", default="")
+    given = arguments.parse_args()
+    vdxf, folder, reader, program = given.vdxf, given.samples, given.reader, given.program
     read = read_by_ezdxf
     if reader == "ezdxf":
         peer.need_ezdxf()
