@@ -30,15 +30,16 @@ bool holds_real(std::int32_t code) {
 }
 
 /// The code line's integer. Codes are short and plain, so these need no general conversion.
-std::optional<std::int32_t> code_of(std::string_view line) {
+bool read_code(std::string_view line, std::int32_t& result) {
     const char* at = line.data();
     const char* const end = at + line.size();
     while (at != end && *at == ' ') ++at;
     std::int32_t code = 0;
     const char* const first = at;
     while (at != end && *at >= '0' && *at <= '9' && at - first < 6) code = code * 10 + (*at++ - '0');
-    if (at != first && (at == end || (*at == '\r' && at + 1 == end))) return code;
-    return integer_of(line);
+    if (at == first || (at != end && (*at != '\r' || at + 1 != end))) return read_integer(line, result);
+    result = code;
+    return true;
 }
 
 /// Offset of `delimiter` in the first `size` bytes, or `size`. Lines of drawings are short: most end within
@@ -164,14 +165,14 @@ void DxfFile_FileReader::Next(std::istream& stream) {
         return;
     }
     stream_good_ = take_line(stream, line);
-    const auto code = code_of(line);
-    if (!code) {
+    std::int32_t code = 0;
+    if (!read_code(line, code)) {
         code_ = -1;
         SendFail("Group code is not an integer value");
         no_error_ = false;
         return;
     }
-    code_ = *code;
+    code_ = code;
     if (!stream_good_) {
         SendFail("Unexpected end of file or I/O failure");
         no_error_ = false;
@@ -179,8 +180,11 @@ void DxfFile_FileReader::Next(std::istream& stream) {
     }
     ++line_number_;
     stream_good_ = take_line(stream, line);
-    while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) line.remove_suffix(1);
-    value_ = line;
+    // Taken apart, for the line has just been put together and copying it whole would wait for that.
+    const char* const text = line.data();
+    std::size_t length = line.size();
+    while (length > 0 && (text[length - 1] == '\r' || text[length - 1] == '\n')) --length;
+    value_ = {text, length};
     has_group_ = true;
     if (copies_) copy_group();
 }
@@ -201,7 +205,8 @@ void DxfFile_FileReader::copy_group() {
 // Values
 
 std::int32_t DxfFile_FileReader::ReadInteger(std::istream& /*stream*/) {
-    if (const auto value = integer_of(value_)) return *value;
+    std::int32_t value = 0;
+    if (read_integer(value_, value)) return value;
     SendFail("Group value is not an integer value");
     return 0;
 }
@@ -211,7 +216,8 @@ bool DxfFile_FileReader::ReadBoolean(std::istream& stream) {
 }
 
 double DxfFile_FileReader::ReadReal(std::istream& /*stream*/) {
-    if (const auto value = real_of(value_)) return *value;
+    double value = 0;
+    if (read_real(value_, value)) return value;
     SendFail("Group value is not a real value");
     return 0;
 }
@@ -249,10 +255,10 @@ kernel::Point DxfFile_FileReader::ReadXYZ(std::istream& stream) {
 // Records
 
 const DxfFile_ObjectRegistrator* DxfFile_FileReader::registrator_of(std::string_view name) {
-    if (last_name_ == name) return last_registrator_;
-    last_name_ = Text(name);
-    last_registrator_ = DxfFile_ObjectRegistrator::Find(name);
-    return last_registrator_;
+    const std::size_t place = name.empty() ? 0 : (name.size() + static_cast<unsigned char>(name.back()));
+    FoundRegistrator& found = found_[place % found_.size()];
+    if (found.name != name) found = {Text(name), DxfFile_ObjectRegistrator::Find(name)};
+    return found.registrator;
 }
 
 Ref<DxfSection_Object> DxfFile_FileReader::ReadObject(std::istream& stream) {

@@ -8,6 +8,7 @@
 #include "veltrane/kernel/math/vector.hpp"
 #include "veltrane/section/object.hpp"
 
+#include <array>
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
@@ -143,9 +144,12 @@ private:
     TextPool texts_;
     std::vector<DxfSection_DxfGroup> groups_;
 
-    // The registrator found last: records of one type come in runs.
-    Text last_name_;
-    const DxfFile_ObjectRegistrator* last_registrator_ = nullptr;
+    // The registrators found last: a drawing has few types of records, and they come again and again.
+    struct FoundRegistrator {
+        Text name;
+        const DxfFile_ObjectRegistrator* registrator = nullptr;
+    };
+    std::array<FoundRegistrator, 16> found_;
 };
 
 }  // namespace veltrane

@@ -32,44 +32,56 @@ bool is_large(std::string_view number) {
 
 }  // namespace
 
-std::optional<std::int32_t> integer_of(std::string_view line) {
+bool read_integer(std::string_view line, std::int32_t& value) {
     const char* at = line.data();
     const char* const end = at + line.size();
     while (at != end && is_space(*at)) ++at;
     const bool negative = at != end && *at == '-';
     if (negative || (at != end && *at == '+')) ++at;
-    if (at == end || !is_digit(*at)) return std::nullopt;
+    if (at == end || !is_digit(*at)) return false;
 
     std::int64_t number = 0;
     for (; at != end && is_digit(*at); ++at) {
         number = number * 10 + (*at - '0');
-        if (number > INT64_C(0x80000000)) return std::nullopt;
+        if (number > INT64_C(0x80000000)) return false;
     }
-    if (at != end && std::memchr(at, '.', static_cast<std::size_t>(end - at))) return std::nullopt;
+    if (at != end && std::memchr(at, '.', static_cast<std::size_t>(end - at))) return false;
     if (negative) number = -number;
-    if (number > INT32_MAX) return std::nullopt;
-    return static_cast<std::int32_t>(number);
+    if (number > INT32_MAX) return false;
+    value = static_cast<std::int32_t>(number);
+    return true;
 }
 
-std::optional<double> real_of(std::string_view text) {
+bool read_real(std::string_view text, double& value) {
     const char* at = text.data();
     const char* const end = at + text.size();
     while (at != end && is_space(*at)) ++at;
     const bool negative = at != end && *at == '-';
     const char* const first = at + (negative || (at != end && *at == '+'));
     // from_chars also takes "inf" and "nan", which no drawing means.
-    if (first == end || (!is_digit(*first) && *first != '.')) return std::nullopt;
+    if (first == end || (!is_digit(*first) && *first != '.')) return false;
 
-    double value = 0;
-    const auto result = std::from_chars(first, end, value);
+    double number = 0;
+    const auto result = std::from_chars(first, end, number);
     // Too large and too small are one error to from_chars; only what is too large is no number here.
     if (result.ec == std::errc::result_out_of_range) {
-        if (is_large({first, static_cast<std::size_t>(result.ptr - first)})) return std::nullopt;
-        value = 0;
+        if (is_large({first, static_cast<std::size_t>(result.ptr - first)})) return false;
+        number = 0;
     } else if (result.ec != std::errc()) {
-        return std::nullopt;
+        return false;
     }
-    return negative ? -value : value;
+    value = negative ? -number : number;
+    return true;
+}
+
+std::optional<std::int32_t> integer_of(std::string_view line) {
+    std::int32_t value = 0;
+    return read_integer(line, value) ? std::optional(value) : std::nullopt;
+}
+
+std::optional<double> real_of(std::string_view text) {
+    double value = 0;
+    return read_real(text, value) ? std::optional(value) : std::nullopt;
 }
 
 char* format_real(double value, char* out) {

@@ -20,6 +20,11 @@ std::optional<std::int32_t> integer_of(std::string_view line);
 /// when it is too large for a double.
 std::optional<double> real_of(std::string_view text);
 
+/// The same into `value`, which stays when there is nothing; true when there was. Readers call these for each
+/// group: an optional goes through memory in a way that makes processors wait.
+bool read_integer(std::string_view line, std::int32_t& value);
+bool read_real(std::string_view text, double& value);
+
 /// Longest text that format_real makes.
 inline constexpr int kLongestReal = 352;
 

@@ -30,6 +30,14 @@ Text number_text(Number value) {
     return Text(std::string_view(digits, static_cast<std::size_t>(end - digits)));
 }
 
+constexpr int kAhead = 16;  // records that a walk over all of them asks the memory for in advance
+
+inline void prefetch([[maybe_unused]] const void* address) {
+#if defined(__GNUC__)
+    __builtin_prefetch(address);
+#endif
+}
+
 /// The handle of a record that is kept group for group; 0 when it has none.
 std::int32_t handle_in_groups(const Transient& record) {
     const auto* unknown = as<const DxfSection_UnrecognizedObject>(&record);
@@ -63,6 +71,7 @@ void DxfSection_Model::AssignHandles() {
     std::int32_t top = kLowestFreeHandle - 1;
     std::vector<int> without;  // numbers of the records that are to get a handle
     for (int number = 1; number <= count; ++number) {
+        prefetch(number + kAhead <= count ? Value(number + kAhead).get() : nullptr);
         auto* handled = as<DxfSection_HandledObject>(Value(number).get());
         if (!handled) {
             top = std::max(top, handle_in_groups(*Value(number)));
