@@ -25,8 +25,9 @@ void print_point(const kernel::Point& point) {
 
 /// The entity's own curve: with a thickness, the first edge of what it sweeps.
 void print_edge(const kernel::Shape& shape) {
-    const auto [curve, range] =
-        kernel::edge_geometry(kernel::sub_shapes(shape, kernel::ShapeKind::Edge).front());
+    const auto edges = kernel::sub_shapes(shape, kernel::ShapeKind::Edge);
+    if (edges.empty()) return;  // a block of points, or an empty one
+    const auto [curve, range] = kernel::edge_geometry(edges.front());
     const bool bounded = !kernel::is_infinite(range.first) && !kernel::is_infinite(range.last);
     if (!bounded) {  // a base point and a direction say it all
         print_point(curve->value(0));

@@ -68,23 +68,24 @@ void DxfSection_Model::AssignHandles() {
     if (count == 0) return;
     handles_.clear();
     handles_.reserve(static_cast<std::size_t>(count));
-    std::int32_t top = kLowestFreeHandle - 1;
+    std::int32_t largest = 0;
     std::vector<int> without;  // numbers of the records that are to get a handle
     for (int number = 1; number <= count; ++number) {
         prefetch(number + kAhead <= count ? Value(number + kAhead).get() : nullptr);
         auto* handled = as<DxfSection_HandledObject>(Value(number).get());
         if (!handled) {
-            top = std::max(top, handle_in_groups(*Value(number)));
+            largest = std::max(largest, handle_in_groups(*Value(number)));
             continue;
         }
         if (handled->Handle < 1) {
             without.push_back(number);
             continue;
         }
-        top = std::max(top, handled->Handle);
+        largest = std::max(largest, handled->Handle);
         handles_.emplace_back(handled->Handle, handled);
     }
     drop_duplicate_handles(without);
+    std::int32_t top = std::max(largest, kLowestFreeHandle - 1);
     if (!std::is_sorted(without.begin(), without.end())) std::sort(without.begin(), without.end());
     for (int number : without) {
         if (top == INT32_MAX) break;
@@ -92,7 +93,7 @@ void DxfSection_Model::AssignHandles() {
         handled->Handle = ++top;
         handles_.emplace_back(top, handled);
     }
-    last_handle_ = top;
+    last_handle_ = top >= kLowestFreeHandle ? top : largest;
     if (top >= kLowestFreeHandle) SetVariable("$HANDSEED", {5, DxfSection::HexToString(top)});
 }
 
