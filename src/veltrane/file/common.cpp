@@ -132,7 +132,7 @@ void write_extended_data(std::ostream& stream, DxfFile_FileWriter& writer, const
     for (const auto& data : *applications) {
         writer.WriteText(stream, 1001, data->XAppName);
         if (writer.IsPortable() && data->Groups) {
-            for (const auto& group : *data->Groups) writer.WriteText(stream, group.Code, group.Value);
+            writer.WriteGroups(stream, data->Groups);
         } else if (data->XData) {
             DxfFile_RWXData::Write(stream, writer, *data->XData);
         }
@@ -184,9 +184,7 @@ bool DxfFile_RWAppData::ReadField(std::istream& /*stream*/, DxfFile_FileReader& 
 void DxfFile_RWAppData::Write(std::ostream& stream, DxfFile_FileWriter& writer,
                               const DxfSection_AppData& data) {
     writer.WriteText(stream, 102, data.Name);
-    if (data.Value) {
-        for (const auto& group : *data.Value) writer.WriteText(stream, group.Code, group.Value);
-    }
+    writer.WriteGroups(stream, data.Value);
     writer.WriteString(stream, 102, "}");
 }
 
@@ -230,9 +228,7 @@ bool DxfFile_RWXData::ReadField(std::istream& stream, DxfFile_FileReader& reader
 
 void DxfFile_RWXData::Write(std::ostream& stream, DxfFile_FileWriter& writer, const DxfSection_XData& data) {
     writer.WriteString(stream, 1002, "{");
-    if (data.Value) {
-        for (const auto& group : *data.Value) writer.WriteText(stream, group.Code, group.Value);
-    }
+    writer.WriteGroups(stream, data.Value);
     if (data.XData) {
         for (const auto& level : *data.XData) Write(stream, writer, *level);
     }

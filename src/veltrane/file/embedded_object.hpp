@@ -7,8 +7,9 @@
 
 namespace veltrane {
 
-/// The row of a field `EmbeddedObject`: every group from the 101 to the record's extended data or end. These have
-/// the codes of the record's own, and are none of them. They go back into files of versions that know them.
+/// The row of a field `EmbeddedObject`: every group from the 101 to the record's extended data or end. These
+/// have the codes of the record's own, and are none of them. They go back into files of versions that know
+/// them.
 template <class Record>
 struct EmbeddedObject {
     static Row row() { return rows::piece(101, {&read, &write, nullptr}); }
@@ -27,8 +28,7 @@ private:
 
     static void write(std::ostream& stream, DxfFile_FileWriter& writer, const Transient& record) {
         const auto& groups = static_cast<const Record&>(record).EmbeddedObject;
-        if (!groups || !writer.IsPortable() || writer.Version() < kFirstVersion) return;
-        for (const auto& group : *groups) writer.WriteText(stream, group.Code, group.Value);
+        if (writer.IsPortable() && writer.Version() >= kFirstVersion) writer.WriteGroups(stream, groups);
     }
 };
 

@@ -142,6 +142,12 @@ void DxfFile_FileWriter::WriteXYZ(std::ostream& stream, int code, const kernel::
     WriteReal(stream, code + 20, point[2]);
 }
 
+void DxfFile_FileWriter::WriteGroups(std::ostream& stream,
+                                     const Ref<DxfSection_HSequenceOfDxfGroup>& groups) {
+    if (!groups) return;
+    for (const DxfSection_DxfGroup& group : *groups) WriteText(stream, group.Code, group.Value);
+}
+
 void DxfFile_FileWriter::WriteSatData(std::ostream& stream, const Text& text) {
     std::string_view rest = text.view();
     // A line that begins with '$' is the text's own end mark.

@@ -53,6 +53,8 @@ public:
     void WriteHex(std::ostream& stream, int code, std::int32_t handle);
     void WriteXY(std::ostream& stream, int code, const kernel::Point2& point);
     void WriteXYZ(std::ostream& stream, int code, const kernel::Point& point);
+    /// Groups with their codes and texts as they are; a null list has none.
+    void WriteGroups(std::ostream& stream, const Ref<DxfSection_HSequenceOfDxfGroup>& groups);
     /// SAT text as groups 1 and, for long lines, 3.
     void WriteSatData(std::ostream& stream, const Text& text);
     /// One record, its group 0 first. A record whose class is not registered is left out.

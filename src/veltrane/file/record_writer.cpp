@@ -142,9 +142,7 @@ void write_row(const Row& row, std::ostream& stream, DxfFile_FileWriter& writer,
         case ValueKind::Records:
             return write_sub_records(row, stream, writer, record);
         case ValueKind::Groups:
-            return write_list(record.*field.groups, [&](const DxfSection_DxfGroup& group) {
-                writer.WriteText(stream, group.Code, group.Value);
-            });
+            return writer.WriteGroups(stream, record.*field.groups);
         case ValueKind::Marker:
             return writer.WriteString(stream, row.code, row.text);
         case ValueKind::Constant:

@@ -12,12 +12,6 @@ void write_comments(std::ostream& stream, DxfFile_FileWriter& writer, const Ref<
     for (const Text& comment : *comments) writer.WriteText(stream, 999, comment);
 }
 
-void write_groups(std::ostream& stream, DxfFile_FileWriter& writer,
-                  const Ref<DxfSection_HSequenceOfDxfGroup>& groups) {
-    if (!groups) return;
-    for (const auto& group : *groups) writer.WriteText(stream, group.Code, group.Value);
-}
-
 // Sections
 
 bool read_variable(std::istream& stream, DxfFile_FileReader& reader, Transient& section) {
@@ -79,7 +73,7 @@ void dump_record_base(std::ostream& stream, const Transient& record, int level) 
 
 void write_record_groups(std::ostream& stream, DxfFile_FileWriter& writer, const Transient& record) {
     if (writer.IsPortable())
-        write_groups(stream, writer, static_cast<const DxfSection_AcDsRecord&>(record).Groups);
+        writer.WriteGroups(stream, static_cast<const DxfSection_AcDsRecord&>(record).Groups);
 }
 
 void dump_record_data(std::ostream& stream, const Transient& record, int /*level*/) {
@@ -230,7 +224,7 @@ bool DxfFile_RWVariable::ReadField(std::istream& /*stream*/, DxfFile_FileReader&
 void DxfFile_RWVariable::Write(std::ostream& stream, DxfFile_FileWriter& writer,
                                const DxfSection_Variable& variable) {
     if (!variable.Name.is_null()) writer.WriteText(stream, 9, variable.Name);
-    write_groups(stream, writer, variable.Value);
+    writer.WriteGroups(stream, variable.Value);
 }
 
 void DxfFile_RWVariable::Dump(std::ostream& stream, const DxfSection_Variable& variable, int level) {
