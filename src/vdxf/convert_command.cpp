@@ -4,13 +4,11 @@
 #include "vdxf/drawing_text.hpp"
 #include "vdxf/message_summary.hpp"
 #include "vdxf/suggest.hpp"
+#include "veltrane/base/letter_case.hpp"
 #include "veltrane/exchange/parameters.hpp"
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <array>
-#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <filesystem>
@@ -66,8 +64,7 @@ Target target_of(const ConvertOptions& options) {
     if (!options.target.empty()) return *find_target(options.target);  // checked with the arguments
     std::string extension = std::filesystem::path(options.output).extension().string();
     if (!extension.empty()) extension.erase(0, 1);
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    extension = lower_case(extension);
     if (const Target* target = find_target(extension)) return *target;
     const std::vector<std::string> known = target_names();
     throw Failure(ExitCode::WrongUsage,

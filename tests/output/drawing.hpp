@@ -6,6 +6,7 @@
 #include "veltrane/kernel/geom/circle.hpp"
 #include "veltrane/kernel/geom/line.hpp"
 #include "veltrane/output/scene.hpp"
+#include "veltrane/section/block.hpp"
 #include "veltrane/section/tables.hpp"
 
 #include <string>
@@ -58,6 +59,22 @@ struct Drawing {
         layer->Color = colour;
         append(table->Objects, Ref<DxfSection_Object>(layer));
         return layer;
+    }
+    /// A block of records and the compound of the shapes bound to them, which is bound to it and given back.
+    kernel::Shape add_block(const char* name, const std::vector<Ref<DxfSection_Object>>& records) {
+        auto block = make<DxfSection_Block>();
+        block->BlockName1 = name;
+        block->Objects = make<DxfSection_HSequenceOfObject>();
+        std::vector<kernel::Shape> shapes;
+        for (const auto& record : records) {
+            append(block->Objects, record);
+            kernel::Shape shape = shape_result(process->Find(record.get()).get());
+            if (!shape.is_null()) shapes.push_back(std::move(shape));
+        }
+        add_to("BLOCKS", block);
+        kernel::Shape compound = kernel::make_compound(std::move(shapes));
+        bind(block, compound);
+        return compound;
     }
     void bind(const Ref<Transient>& record, kernel::Shape shape) {
         process->Bind(record, make<ShapeBinder>(std::move(shape)));

@@ -9,15 +9,8 @@ constexpr std::size_t kShapesForARecord = 16;
 }  // namespace
 
 Ref<DxfSection_Block> DxfData_BlockLibrary::Find(const Ref<DxfSection_Model>& model, const Text& name) {
-    if (!is_filled_ && model) {
-        for (int number = 1; number <= model->NbEntities(); ++number) {
-            const auto block = as<DxfSection_Block>(model->Value(number));
-            if (block) by_name_.try_emplace(block->BlockName1, block);
-        }
-    }
-    is_filled_ = true;
-    const auto found = by_name_.find(name);
-    return found == by_name_.end() ? nullptr : found->second;
+    if (!blocks_ && model) blocks_.emplace(*model);
+    return blocks_ ? blocks_->find(name) : nullptr;
 }
 
 bool DxfData_BlockLibrary::Spend(const Ref<DxfSection_Model>& model, std::size_t shapes) {

@@ -2,21 +2,19 @@
 #pragma once
 
 #include "veltrane/kernel/topo/shape.hpp"
-#include "veltrane/section/block.hpp"
-#include "veltrane/section/model.hpp"
+#include "veltrane/section/block_index.hpp"
 
 #include <cstddef>
 #include <map>
-#include <string>
+#include <optional>
 #include <tuple>
-#include <unordered_map>
 #include <unordered_set>
 
 namespace veltrane {
 
 class DxfData_BlockLibrary {
 public:
-    /// The first block of that name in the drawing; null when there is none. The drawing must not change
+    /// The block of that name in the drawing, as DxfSection_BlockIndex finds it. The drawing must not change
     /// between calls.
     Ref<DxfSection_Block> Find(const Ref<DxfSection_Model>& model, const Text& name);
 
@@ -36,8 +34,7 @@ public:
     }
 
 private:
-    std::unordered_map<Text, Ref<DxfSection_Block>> by_name_;
-    bool is_filled_ = false;
+    std::optional<DxfSection_BlockIndex> blocks_;
     std::unordered_set<const DxfSection_Block*> open_;
     std::map<std::tuple<const DxfSection_Block*, double, double, double>, kernel::Shape> scaled_;
     std::size_t spent_ = 0;

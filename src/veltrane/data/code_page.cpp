@@ -1,5 +1,7 @@
 #include "veltrane/data/code_page.hpp"
 
+#include "veltrane/base/letter_case.hpp"
+
 #include <iconv.h>
 
 #include <algorithm>
@@ -176,10 +178,7 @@ bool is_east_asian(CodePage page) {
 namespace DxfData {
 
 bool IndicateCodePage(std::string_view name, CodePage& page) {
-    std::string plain(without_blanks(name));
-    for (char& c : plain) {
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    }
+    const std::string plain = upper_case(without_blanks(name));
     for (const Name& known : kNames) {
         if (known.name != plain) continue;
         page = known.page;

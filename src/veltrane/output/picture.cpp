@@ -1,5 +1,6 @@
 #include "veltrane/output/picture.hpp"
 
+#include "veltrane/base/letter_case.hpp"
 #include "veltrane/exchange/file_stream.hpp"
 #include "veltrane/kernel/geom/bezier.hpp"
 #include "veltrane/output/canvas.hpp"
@@ -30,11 +31,10 @@ public:
           deviation_(page.area.long_side() * kRelativeDeviation),
           touching_(std::max(page.width, page.height) * kTouching) {}
 
-    void draw(const SceneItem& item, OutlineCount& count) {
-        pen_ = {palette_colour(item.style.colour, ground_), page_.line_width(item.style.lineweight),
-                item.style.layer};
+    void draw(const kernel::Shape& shape, const Style& style, OutlineCount& count) {
+        pen_ = {palette_colour(style.colour, ground_), page_.line_width(style.lineweight), style.layer};
         state_ = State::New;
-        outline(item.shape, kMostParts, *this, count);
+        outline(shape, kMostParts, *this, count);
     }
 
     void point(const kernel::Point& point) override {
@@ -131,7 +131,12 @@ PictureReport draw(const Scene& scene, const PictureOptions& options, const std:
     const auto canvas = make_canvas(out, page, options);
     Painter painter(options.view, page, options.ground, *canvas);
     OutlineCount count;
-    for (const SceneItem& item : scene.items) painter.draw(item, count);
+    const bool saw_all =
+        visit_leaves(scene.items, kMostParts, [&](const kernel::Shape& shape, const SceneItem& item) {
+            painter.draw(shape, item.style, count);
+            return count.is_complete;
+        });
+    count.is_complete = saw_all;
     note_losses(scene, count, report.notes);
 
     const std::string problem = canvas->finish();
@@ -150,10 +155,7 @@ std::optional<PictureFormat> picture_format_of(std::string_view file) {
     static constexpr std::array<std::pair<std::string_view, PictureFormat>, 3> kExtensions = {
         {{".svg", PictureFormat::Svg}, {".pdf", PictureFormat::Pdf}, {".png", PictureFormat::Png}}};
     if (file.size() < 4) return std::nullopt;
-    std::string ending(file.substr(file.size() - 4));
-    for (char& c : ending) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
+    const std::string ending = lower_case(file.substr(file.size() - 4));
     for (const auto& [extension, format] : kExtensions) {
         if (ending == extension) return format;
     }

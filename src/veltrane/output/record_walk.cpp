@@ -1,5 +1,6 @@
 #include "veltrane/output/record_walk.hpp"
 
+#include "veltrane/base/letter_case.hpp"
 #include "veltrane/section/handle_text.hpp"
 #include "veltrane/section/record_handle.hpp"
 
@@ -10,11 +11,7 @@ std::string class_name(const DxfSection_Object& record) {
     std::string_view name = record.DynamicType().name();
     const std::size_t prefix = name.find('_');
     if (prefix != std::string_view::npos) name.remove_prefix(prefix + 1);
-    std::string result(name);
-    for (char& c : result) {
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    }
-    return result;
+    return upper_case(name);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "veltrane/exchange/shape_binder.hpp"
 #include "veltrane/output/record_walk.hpp"
+#include "veltrane/output/scene_blocks.hpp"
 
 namespace veltrane {
 namespace {
@@ -45,6 +46,23 @@ bool has_model_space(const std::vector<SceneItem>& items) {
     return false;
 }
 
+/// Gives the items their styles and leaves out what is hidden.
+std::vector<SceneItem> visible_items(std::vector<SceneItem> items, const LayerStyles& layers,
+                                     const Style* insert, SceneBlocks& blocks, Scene& scene) {
+    std::vector<SceneItem> visible;
+    visible.reserve(items.size());
+    for (SceneItem& item : items) {
+        item.style = resolve_style(*item.record, layers, insert);
+        if (item.style.hidden != Hidden::No) {
+            scene.count(omission_of(item.style.hidden));
+            continue;
+        }
+        item.content = blocks.content_of(item);
+        visible.push_back(std::move(item));
+    }
+    return visible;
+}
+
 }  // namespace
 
 std::string_view name_of(Omission omission) {
@@ -65,20 +83,19 @@ std::string_view name_of(Omission omission) {
 
 Scene make_scene(const DxfSection_Model& model, const ReadProcess& process) {
     Scene scene;
-    std::vector<SceneItem> items = shaped_records(model, process, scene);
-    const bool draws_model_space = has_model_space(items);
     const LayerStyles layers(model);
-    for (SceneItem& item : items) {
-        if (draws_model_space && is_in_paper_space(item)) {
-            scene.count(Omission::PaperSpace);
-            continue;
-        }
-        item.style = resolve_style(*item.record, layers);
-        if (item.style.hidden == Hidden::No) {
-            scene.items.push_back(std::move(item));
-        } else {
-            scene.count(omission_of(item.style.hidden));
-        }
+    SceneBlocks blocks(model, process, scene.groups);
+    std::vector<SceneItem> items = shaped_records(model, process, scene);
+    if (has_model_space(items)) {
+        const std::size_t all = items.size();
+        std::erase_if(items, is_in_paper_space);
+        scene.omitted[static_cast<std::size_t>(Omission::PaperSpace)] += all - items.size();
+    }
+    scene.items = visible_items(std::move(items), layers, nullptr, blocks, scene);
+    while (SceneBlocks::Unfilled* next = blocks.next_unfilled()) {
+        const Style insert = next->insert;
+        SceneGroup& group = *next->group;
+        group.items = visible_items(blocks.parts_of(*next), layers, &insert, blocks, scene);
     }
     return scene;
 }

@@ -1,5 +1,6 @@
 #include "veltrane/output/style.hpp"
 
+#include "veltrane/base/letter_case.hpp"
 #include "veltrane/section/tables.hpp"
 
 #include <algorithm>
@@ -12,14 +13,6 @@ constexpr std::int32_t kByBlockColour = 0;
 constexpr std::int32_t kByBlockLineweight = -2;
 constexpr std::int32_t kDefaultLineweight = -3;
 constexpr std::int32_t kFrozenBit = 1;
-
-std::string folded(std::string_view name) {
-    std::string result(name);
-    for (char& c : result) {
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    }
-    return result;
-}
 
 std::int16_t valid_colour(std::int32_t number) {
     return static_cast<std::int16_t>(number >= 1 && number <= 255 ? number : 7);
@@ -55,7 +48,7 @@ LayerStyles::LayerStyles(const DxfSection_Model& model) {
         for (const auto& entry : *table.Objects) {
             // The first layer of a name is the one that counts.
             if (const auto* layer = as<const DxfSection_Layer>(entry.get())) {
-                layers_.emplace(folded(layer->Name), style_of(*layer));
+                layers_.emplace(upper_case(layer->Name), style_of(*layer));
             }
         }
     };
@@ -70,7 +63,7 @@ LayerStyles::LayerStyles(const DxfSection_Model& model) {
 
 const LayerStyle& LayerStyles::find(std::string_view name) const {
     static const LayerStyle kPlain;
-    const auto found = layers_.find(folded(name));
+    const auto found = layers_.find(upper_case(name));
     return found == layers_.end() ? kPlain : found->second;
 }
 

@@ -102,7 +102,10 @@ Rect View::box_of(const kernel::Curve& curve, const kernel::Interval& range) con
 Rect picture_area(const Scene& scene, const View& view) {
     AreaSink sink(view);
     OutlineCount count;
-    for (const SceneItem& item : scene.items) outline(item.shape, kMostParts, sink, count);
+    visit_leaves(scene.items, kMostParts, [&](const kernel::Shape& shape, const SceneItem&) {
+        outline(shape, kMostParts, sink, count);
+        return count.is_complete;
+    });
 
     const bool has_bounded = !sink.bounded().is_empty();
     Rect area = has_bounded ? sink.bounded() : sink.bases();
