@@ -4,6 +4,7 @@
 #include "vdxf/diff_command.hpp"
 #include "vdxf/dump_command.hpp"
 #include "vdxf/info_command.hpp"
+#include "vdxf/measure_command.hpp"
 #include "vdxf/params_command.hpp"
 #include "vdxf/suggest.hpp"
 #include "veltrane/control/controller.hpp"
@@ -38,8 +39,8 @@ public:
         parser_.set_help_flag("-h,--help", "Show this help");
         parser_.require_subcommand(1);
         parser_.footer(kFooter);
-        commands_ = {declare_info(parser_), declare_dump(parser_), declare_convert(parser_),
-                     declare_diff(parser_), declare_params(parser_)};
+        commands_ = {declare_info(parser_),    declare_measure(parser_), declare_dump(parser_),
+                     declare_convert(parser_), declare_diff(parser_),    declare_params(parser_)};
         for (const Command& command : commands_) command.parser->allow_extras();
     }
 

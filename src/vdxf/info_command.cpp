@@ -4,6 +4,7 @@
 #include "vdxf/extents.hpp"
 #include "vdxf/labels.hpp"
 #include "vdxf/message_summary.hpp"
+#include "vdxf/text_columns.hpp"
 
 #include <fmt/format.h>
 #include <fmt/ostream.h>
@@ -96,13 +97,6 @@ std::string state_text(const LayerFacts& layer) {
     return text;
 }
 
-/// Terminal columns are counted by characters, not by bytes.
-std::string padded(const std::string& name, std::size_t width) {
-    const auto characters = static_cast<std::size_t>(std::count_if(
-        name.begin(), name.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-    return name + std::string(characters < width ? width - characters : 0, ' ');
-}
-
 /// The lines of a list, the first of them only unless the user wants all.
 template <class List, class PrintEntry>
 void print_list(std::ostream& out, const List& list, bool all, PrintEntry print_entry) {
@@ -128,10 +122,6 @@ void print_blocks(std::ostream& out, const DrawingFacts& facts, bool all) {
                    block.is_anonymous ? "  anonymous" : "",
                    block.external.empty() ? "" : "  external: " + block.external);
     });
-}
-
-std::string count_text(std::size_t count) {
-    return count == 0 ? "." : fmt::format("{}", count);
 }
 
 void print_types(std::ostream& out, const DrawingFacts& facts) {

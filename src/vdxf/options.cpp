@@ -69,14 +69,27 @@ std::function<std::string(const std::string&)> one_of(std::vector<std::string> w
     };
 }
 
-std::function<std::string(const std::string&)> integer_in(int first, int last) {
-    return [first, last](const std::string& text) -> std::string {
-        int value = 0;
+namespace {
+
+template <class Number>
+std::function<std::string(const std::string&)> number_in(const char* kind, Number first, Number last) {
+    return [kind, first, last](const std::string& text) -> std::string {
+        Number value = 0;
         const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
         const bool whole = error == std::errc() && end == text.data() + text.size();
         if (whole && value >= first && value <= last) return {};
-        return fmt::format("\"{}\" is not an integer from {} to {}", text, first, last);
+        return fmt::format("\"{}\" is not {} from {} to {}", text, kind, first, last);
     };
+}
+
+}  // namespace
+
+std::function<std::string(const std::string&)> integer_in(int first, int last) {
+    return number_in("an integer", first, last);
+}
+
+std::function<std::string(const std::string&)> real_in(double first, double last) {
+    return number_in("a number", first, last);
 }
 
 }  // namespace veltrane::tool

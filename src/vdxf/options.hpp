@@ -40,5 +40,7 @@ struct Command {
 std::function<std::string(const std::string&)> one_of(std::vector<std::string> words);
 /// A check for an option that takes an integer from `first` to `last`.
 std::function<std::string(const std::string&)> integer_in(int first, int last);
+/// A check for an option that takes a number from `first` to `last`.
+std::function<std::string(const std::string&)> real_in(double first, double last);
 
 }  // namespace veltrane::tool
