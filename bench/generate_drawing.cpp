@@ -27,6 +27,7 @@ constexpr const char* kUsage =
     "  mesh     R2000: polyface meshes and 3D faces\n"
     "  blocks   R2000: N blocks nested up to 16 deep and inserts of them, with scales, arrays and "
     "attributes\n"
+    "  inserts  R2000: one block of a hundred entities, turned and moved by every insert, never scaled\n"
     "\n"
     "A megabyte is 1,000,000 bytes; the drawing ends with the first entity past the size. Without --blocks a "
     "mix\n"
@@ -92,7 +93,8 @@ private:
         int count = 0;
         if (options_.kind == "mix") count = 50;
         if (options_.kind == "blocks") count = default_blocks(options_.size_mb);
-        if (count > 0) count = options_.blocks.value_or(count);
+        if (options_.kind == "inserts") count = 1;
+        if (count > 1) count = options_.blocks.value_or(count);
         blocks_ = {{"*Model_Space", {}}, {"*Paper_Space", {}}};
         for (int i = 0; i < count; ++i) blocks_.push_back({"BLK_" + std::to_string(i), {}});
     }
@@ -114,6 +116,7 @@ private:
 
     void fill_block(int i) {
         make_.enter(user_block(i), 100);
+        if (options_.kind == "inserts") return fill_heavy_block();
         make_.line();
         make_.line();
         make_.circle();
@@ -121,6 +124,15 @@ private:
         make_.light_polyline();
         if (has_attribute(i)) make_.attribute_definition();
         if (options_.kind == "blocks" && i % kChain != 0) make_.insert(user_block(i - 1).name, false);
+    }
+
+    void fill_heavy_block() {
+        for (int count = 0; count < 100; count += 4) {
+            make_.line();
+            make_.light_polyline();
+            make_.circle();
+            make_.arc();
+        }
     }
 
     void write_entities() {
@@ -131,6 +143,8 @@ private:
         } else if (options_.kind == "mesh") {
             make_.polyface_mesh();
             for (int left = random_.integer(0, 300); left > 0; --left) make_.face();
+        } else if (options_.kind == "inserts") {
+            make_.plain_insert(user_block(0).name);
         } else {
             insert_any();
         }
@@ -190,7 +204,7 @@ std::optional<Options> read_options(int count, char** words) {
         else
             return std::nullopt;
     }
-    for (const char* kind : {"lines", "mix", "splines", "mesh", "blocks"}) {
+    for (const char* kind : {"lines", "mix", "splines", "mesh", "blocks", "inserts"}) {
         if (options.kind == kind && options.size_mb > 0 && !options.out.empty()) return options;
     }
     return std::nullopt;

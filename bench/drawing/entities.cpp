@@ -238,6 +238,13 @@ void EntityMaker::put_array() {
     out_.put(70, 3, 71, 2, 44, column_step, 45, row_step);
 }
 
+void EntityMaker::plain_insert(std::string_view block) {
+    begin("INSERT");
+    out_.put(100, "AcDbBlockReference", 2, block);
+    put_place(10, place(), 0);
+    out_.put(50, random_.between(0, 360));
+}
+
 void EntityMaker::insert(std::string_view block, bool with_attribute) {
     const Place position = place();
     const Handle handle = begin("INSERT");

@@ -35,6 +35,8 @@ public:
     void face();
     void attribute_definition();
     void insert(std::string_view block, bool with_attribute);
+    /// Neither scaled nor repeated.
+    void plain_insert(std::string_view block);
 
     /// Extended data for the entity just written.
     void extended_data();
