@@ -127,11 +127,20 @@ TEST(TranslateHatch, TheParameterAsksForAllFaces) {
     StaticParameters::SetInteger("read.dxf.hatchentities", 1);
     const std::string clockwise =
         "= 1 93 2 72 2 10 0 20 0 40 2 50 270 51 360 73 0 72 1 10 0 20 2 11 2 21 0 97 0 ";
+    const std::string slice =  // of an ellipse, up to where its points have equal co-ordinates
+        "= 1 93 3 72 3 10 0 20 0 11 4 21 0 40 0.5 50 0 51 45 73 1 72 1 10 1.7888543819998318 20 "
+        "1.7888543819998317 11 0 21 0 72 1 10 0 20 0 11 4 21 0 97 0 ";
     const test::MeasureRow rows[] = {
         {hatch(kSquare), "face: 4 edges", 16, 16, {0, 0, 0}, {4, 4, 0}},
         {hatch(kPolyline, "10 0 20 0 30 1 210 0 220 0 230 1", 0), "face", 2 * pi, pi, {0, -1, 1}, {2, 1, 1}},
         {hatch(kSpline), "face: 2 edges", 8 + 4 * std::sqrt(2), 8, {0, 0, 0}, {4, 4, 0}},
         {hatch(clockwise), "face: 2 edges", pi + 2 * std::sqrt(2), pi - 2, {0, 0, 0}, {2, 2, 0}},
+        {hatch(slice),
+         "face: 3 edges",
+         9.568342750980289,
+         4 * std::atan(2),
+         {0, 0, 0},
+         {4, 1.7888543819998317, 0}},
         {hatch(kSquare + sources("A1")), "face: 4 edges", 16, 16, {0, 0, 0}, {4, 4, 0}},
     };
     test::expect_measures(rows);

@@ -26,9 +26,18 @@ Point in_plane(const kernel::Point2& point, double scale) {
     return scale * Point(point.x(), point.y(), 0);
 }
 
+/// The parameter of an ellipse where the angle from its major axis is this one, with the angle's whole turns.
+double parameter_at(double angle, double ratio) {
+    if (ratio == 1) return angle;
+    const double x = std::cos(angle), y = std::sin(angle);
+    return angle + std::atan2(y, ratio * x) - std::atan2(y, x);
+}
+
 /// The part of a whole turn between two angles in degrees. Clockwise ones are measured clockwise.
-CurveRef arc_of(const CurveRef& whole, const DxfEnt_HatchElementaryEdge& edge, bool is_clockwise) {
-    double first = radians(edge.StartAngle), last = radians(edge.EndAngle);
+CurveRef arc_of(const CurveRef& whole, const DxfEnt_HatchElementaryEdge& edge, double ratio,
+                bool is_clockwise) {
+    double first = parameter_at(radians(edge.StartAngle), ratio);
+    double last = parameter_at(radians(edge.EndAngle), ratio);
     if (is_clockwise) first = -std::exchange(last, -first);
     if (std::abs(std::abs(last - first) - kernel::kTwoPi) <= kWholeTurn) return whole;
     return make<kernel::TrimmedCurve>(whole, first, last);
@@ -66,11 +75,14 @@ CurveRef spline_of(const DxfEnt_HatchSplineEdge& edge, double scale) {
 /// Null for a line without length and for a kind of edge that is not taken. Throws KernelError.
 CurveRef curve_of(const DxfEnt_HatchBoundaryEdge& edge, HatchPaths paths, double scale) {
     const DxfEnt_HatchElementaryEdge* plain = edge.ElementaryEdge.get();
-    const bool is_clockwise = paths == HatchPaths::All && plain && plain->IsCounterClockwise == 0;
+    const bool takes_all = paths == HatchPaths::All;
+    const bool is_clockwise = takes_all && plain && plain->IsCounterClockwise == 0;
+    // Drawings state true angles of ellipses; without the parameter they are taken for parameters.
+    const double ratio = takes_all && plain && edge.EdgeType == 3 ? plain->Radius : 1;
     if (edge.EdgeType == 1 && plain) return line_of(*plain, scale);
-    if (edge.EdgeType == 2 && plain) return arc_of(circle_of(*plain, scale), *plain, is_clockwise);
-    if (edge.EdgeType == 3 && plain) return arc_of(ellipse_of(*plain, scale), *plain, is_clockwise);
-    if (paths == HatchPaths::All && edge.SplineEdge) return spline_of(*edge.SplineEdge, scale);
+    if (edge.EdgeType == 2 && plain) return arc_of(circle_of(*plain, scale), *plain, ratio, is_clockwise);
+    if (edge.EdgeType == 3 && plain) return arc_of(ellipse_of(*plain, scale), *plain, ratio, is_clockwise);
+    if (takes_all && edge.SplineEdge) return spline_of(*edge.SplineEdge, scale);
     throw kernel::KernelError("An edge of the boundary is of a kind that is not taken");
 }
 

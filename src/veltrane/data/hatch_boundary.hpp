@@ -8,8 +8,8 @@ namespace veltrane::DxfData {
 
 /// Which of the ways to state a loop are taken.
 enum class HatchPaths {
-    Edges,  ///< lines and arcs, these always counter-clockwise
-    All,    ///< also clockwise arcs, splines and polylines
+    Edges,  ///< lines and arcs, these always counter-clockwise and with angles for parameters
+    All,    ///< also clockwise arcs, splines and polylines; angles of ellipses are true ones
 };
 
 struct HatchCurves {
