@@ -1,6 +1,7 @@
 // SVG is written here and not through cairo, whose co-ordinates are steps of 1/256 of a unit and which knows
 // no groups: a drawing keeps its layers and ten digits of its size.
 #include "veltrane/output/canvas.hpp"
+#include "veltrane/output/name_text.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -9,52 +10,6 @@
 
 namespace veltrane {
 namespace {
-
-/// Length of the UTF-8 sequence that a text begins with; 0 when it begins with none.
-std::size_t utf8_length(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char lead = byte(0);
-    const std::size_t length = lead < 0x80    ? 1
-                               : lead < 0xC2  ? 0
-                               : lead < 0xE0  ? 2
-                               : lead < 0xF0  ? 3
-                               : lead <= 0xF4 ? 4
-                                              : 0;
-    if (length > text.size()) return 0;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xC0) != 0x80) return 0;
-    }
-    const bool is_overlong = (lead == 0xE0 && byte(1) < 0xA0) || (lead == 0xF0 && byte(1) < 0x90);
-    const bool is_no_character = (lead == 0xED && byte(1) >= 0xA0) || (lead == 0xF4 && byte(1) >= 0x90) ||
-                                 (lead == 0xEF && byte(1) == 0xBF && byte(2) >= 0xBE);
-    return is_overlong || is_no_character ? 0 : length;
-}
-
-/// A text as it may stand in an attribute. Names come in the code page of the drawing: bytes that are no
-/// UTF-8 are taken for Latin-1, so that the file is well-formed in any case.
-std::string attribute(std::string_view text) {
-    std::string result;
-    while (!text.empty()) {
-        const auto lead = static_cast<unsigned char>(text[0]);
-        const std::size_t length = utf8_length(text);
-        if (length == 0) {
-            result += static_cast<char>(0xC0 | lead >> 6);
-            result += static_cast<char>(0x80 | (lead & 0x3F));
-        } else if (lead == '&') {
-            result += "&amp;";
-        } else if (lead == '<') {
-            result += "&lt;";
-        } else if (lead == '"') {
-            result += "&quot;";
-        } else if (lead < 0x20) {
-            result += ' ';
-        } else {
-            result += text.substr(0, length);
-        }
-        text.remove_prefix(std::max<std::size_t>(length, 1));
-    }
-    return result;
-}
 
 class SvgCanvas : public Canvas {
 public:
@@ -79,7 +34,7 @@ public:
         if (in_group_ && pen == pen_) return;
         end_group();
         text_ += "<g";
-        if (!pen.layer.empty()) text_ += " data-layer=\"" + attribute(pen.layer) + '"';
+        if (!pen.layer.empty()) text_ += " data-layer=\"" + xml_name(pen.layer) + '"';
         text_ += " stroke=\"" + hex_text(pen.colour) + "\" stroke-width=\"";
         number(pen.width);
         text_ += "\">\n";
