@@ -16,16 +16,24 @@ bool is_in_paper_space(const DxfSection_Object& record) {
     return entity && entity->InModelSpace == 1;  // the field holds the format's paper-space flag
 }
 
-void add(MeasuredExtents& extents, const kernel::Shape& shape, double unit_scale) {
-    ++extents.shapes;
-    const kernel::Box box = kernel::bounding_box(shape);
-    if (box.is_open()) {
-        ++extents.unbounded;
-    } else if (!box.is_empty()) {
-        extents.box.add(box.min() / unit_scale);
-        extents.box.add(box.max() / unit_scale);
+/// The shapes of model space, or those of paper space.
+struct Space {
+    std::size_t shapes = 0;
+    std::size_t unbounded = 0;
+    kernel::BoxSum boxes;
+
+    void add(const kernel::Shape& shape) {
+        ++shapes;
+        if (!boxes.add(shape)) ++unbounded;
     }
-}
+
+    MeasuredExtents extents(double unit_scale) const {
+        MeasuredExtents result{{}, shapes, unbounded};
+        const kernel::Box& box = boxes.box();
+        if (!box.is_empty()) result.box = {box.min() / unit_scale, box.max() / unit_scale};
+        return result;
+    }
+};
 
 std::optional<double> real_in(std::string_view text) {
     const std::size_t start = text.find_first_not_of(" \t");
@@ -54,14 +62,14 @@ std::optional<kernel::Point> header_point(const DxfSection_Model& model, std::st
 }  // namespace
 
 MeasuredExtents measure_extents(Drawing& drawing) {
-    const double unit_scale = drawing.model().UnitScale();
     const ReadProcess& process = *drawing.reader().Process();
-    MeasuredExtents model_space, paper_space;
+    Space model_space, paper_space;
     visit_entities(drawing.model(), [&](const Ref<DxfSection_Object>& record) {
         const kernel::Shape shape = shape_result(process.Find(record.get()).get());
-        if (!shape.is_null()) add(is_in_paper_space(*record) ? paper_space : model_space, shape, unit_scale);
+        if (!shape.is_null()) (is_in_paper_space(*record) ? paper_space : model_space).add(shape);
     });
-    return model_space.shapes > 0 ? model_space : paper_space;
+    const Space& shown = model_space.shapes > 0 ? model_space : paper_space;
+    return shown.extents(drawing.model().UnitScale());
 }
 
 std::optional<std::pair<kernel::Point, kernel::Point>> header_extents(const DxfSection_Model& model) {

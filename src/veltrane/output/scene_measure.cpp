@@ -1,7 +1,6 @@
 #include "veltrane/output/scene_measure.hpp"
 
 #include "veltrane/kernel/algo/bounds.hpp"
-#include "veltrane/kernel/algo/build.hpp"
 #include "veltrane/kernel/algo/free_edges.hpp"
 #include "veltrane/kernel/algo/measure.hpp"
 #include "veltrane/kernel/math/error.hpp"
@@ -161,21 +160,6 @@ private:
     std::unordered_map<const SceneGroup*, ByLayer> known_;
 };
 
-/// Boxes all shapes at once, so that blocks inserted alike are boxed once; one by one where that box is open.
-kernel::Box bounded_box(const std::vector<SceneItem>& items) {
-    std::vector<Shape> shapes;
-    shapes.reserve(items.size());
-    for (const SceneItem& item : items) shapes.push_back(item.shape);
-    kernel::Box box = kernel::bounding_box(kernel::make_compound(shapes));
-    if (!box.is_open()) return box;
-    box = {};
-    for (const Shape& shape : shapes) {
-        const kernel::Box one = kernel::bounding_box(shape);
-        if (!one.is_open()) box.add(one);
-    }
-    return box;
-}
-
 }  // namespace
 
 void Measures::add(const Measures& other, std::size_t times) {
@@ -203,7 +187,9 @@ SceneMeasures measure(const Scene& scene, double gap) {
         result.total.add(measures);
         result.layers.push_back({layer, measures});
     }
-    result.box = bounded_box(scene.items);
+    kernel::BoxSum boxes;
+    for (const SceneItem& item : scene.items) boxes.add(item.shape);
+    result.box = boxes.box();
     return result;
 }
 

@@ -9,28 +9,24 @@
 #include "veltrane/kernel/topo/explore.hpp"
 #include "veltrane/output/number_text.hpp"
 
-#include <optional>
 #include <ostream>
+#include <unordered_map>
 
 namespace veltrane {
 namespace {
 
-struct Measures {
+struct Sizes {
     double length = 0;
     double area = 0;
-    kernel::Box box;
+    bool has_edges = false;
+    bool has_faces = false;
 };
 
-std::optional<Measures> measures_of(const kernel::Shape& shape) {
-    try {
-        return Measures{kernel::length(shape), kernel::area(shape), kernel::bounding_box(shape)};
-    } catch (const kernel::KernelError&) {
-        return std::nullopt;
-    }
-}
-
-bool has_kind(const kernel::Shape& shape, kernel::ShapeKind kind) {
-    return kernel::count_by_kind(shape)[static_cast<std::size_t>(kind)] > 0;
+Sizes measured(const kernel::Shape& shape) {
+    const auto counts = kernel::count_by_kind(shape);
+    return {kernel::length(shape), kernel::area(shape),
+            counts[static_cast<std::size_t>(kernel::ShapeKind::Edge)] > 0,
+            counts[static_cast<std::size_t>(kernel::ShapeKind::Face)] > 0};
 }
 
 std::string measure_text(double value) {
@@ -42,18 +38,9 @@ std::string layer_of(const DxfSection_Object& record) {
     return entity ? entity->Layer.str() : std::string();
 }
 
-void write_indented(std::ostream& out, std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        out << "  " << text.substr(0, end) << '\n';
-        if (end == std::string_view::npos) return;
-        text.remove_prefix(end + 1);
-    }
-}
-
 class ShapeText {
 public:
-    ShapeText(std::ostream& out, const RecordNames& names) : out_(out), names_(names) {}
+    ShapeText(std::ostream& out, const RecordNames& names) : out_(out), names_(names), dumper_(out, 1) {}
 
     void write(const DxfSection_Object& record, const kernel::Shape& shape) {
         ++shapes_;
@@ -61,7 +48,7 @@ public:
         if (const std::string handle = handle_label(record); !handle.empty()) out_ << ' ' << handle;
         if (const std::string layer = layer_of(record); !layer.empty()) out_ << ", layer " << layer;
         write_measures(shape);
-        write_indented(out_, kernel::dump(shape));
+        dumper_.dump(shape);
     }
 
     void write_sums() {
@@ -70,42 +57,47 @@ public:
         if (unbounded_ > 0) out_ << ", not counting " << unbounded_ << " unbounded";
         if (unmeasured_ > 0) out_ << ", not counting " << unmeasured_ << " that cannot be measured";
         out_ << '\n';
-        if (box_.is_empty()) return;
-        out_ << "box " << kernel::describe(box_.min()) << " to " << kernel::describe(box_.max()) << '\n';
+        const kernel::Box& box = boxes_.box();
+        if (box.is_empty()) return;
+        out_ << "box " << kernel::describe(box.min()) << " to " << kernel::describe(box.max()) << '\n';
     }
 
 private:
-    void write_measures(const kernel::Shape& shape) {
-        const auto measures = measures_of(shape);
-        if (!measures) {
-            ++unmeasured_;
-            out_ << '\n';
-            return;
-        }
-        if (has_kind(shape, kernel::ShapeKind::Edge)) out_ << ", length " << measure_text(measures->length);
-        if (has_kind(shape, kernel::ShapeKind::Face)) out_ << ", area " << measure_text(measures->area);
-        out_ << '\n';
-        add(*measures);
+    /// Inserts of one block share their definition and with it its sizes.
+    Sizes sizes_of(const kernel::Shape& shape) {
+        if (!shape.is(kernel::ShapeKind::Compound)) return measured(shape);
+        const auto known = known_.find(shape.definition().get());
+        if (known != known_.end()) return known->second;
+        return known_[shape.definition().get()] = measured(shape);
     }
 
-    void add(const Measures& measures) {
-        if (measures.box.is_open()) {
-            ++unbounded_;
-            return;
+    void write_measures(const kernel::Shape& shape) {
+        try {
+            const Sizes sizes = sizes_of(shape);
+            if (sizes.has_edges) out_ << ", length " << measure_text(sizes.length);
+            if (sizes.has_faces) out_ << ", area " << measure_text(sizes.area);
+            if (boxes_.add(shape)) {
+                length_ += sizes.length;
+                area_ += sizes.area;
+            } else {
+                ++unbounded_;
+            }
+        } catch (const kernel::KernelError&) {
+            ++unmeasured_;
         }
-        length_ += measures.length;
-        area_ += measures.area;
-        box_.add(measures.box);
+        out_ << '\n';
     }
 
     std::ostream& out_;
     const RecordNames& names_;
+    kernel::ShapeDumper dumper_;
+    std::unordered_map<const kernel::Definition*, Sizes> known_;
     std::size_t shapes_ = 0;
     std::size_t unbounded_ = 0;
     std::size_t unmeasured_ = 0;
     double length_ = 0;
     double area_ = 0;
-    kernel::Box box_;
+    kernel::BoxSum boxes_;
 };
 
 }  // namespace

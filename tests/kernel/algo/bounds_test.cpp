@@ -108,5 +108,22 @@ TEST(BoundingBox, HoldsTheShapeAndTouchesIt) {
     }
 }
 
+TEST(BoxSum, IsTheBoxOfAllThatIsBounded) {
+    const Shape cross = make_compound(
+        {make_edge(Point(-3, 0, 0), Point(3, 0, 0)), make_edge(Point(0, -1, 0), Point(0, 1, 0))});
+    BoxSum sum;
+    std::vector<Shape> copies;
+    for (int i = 0; i < 100; ++i) {
+        const Transform turn = Transform::rotation(Point(0, 0, 0), Vector(0, 0, 1), 0.37 * i);
+        copies.push_back(moved(cross, Transform::translation({std::sqrt(i), 0, 0}) * turn));
+        EXPECT_TRUE(sum.add(copies.back()));
+    }
+    EXPECT_FALSE(sum.add(make_compound({make_edge(make<Line>(Point(0, 0, 0), Vector(1, 0, 0)))})));
+    EXPECT_TRUE(sum.add(make_compound({})));
+    const Box all = bounding_box(make_compound(copies));
+    EXPECT_EQ(sum.box().min(), all.min());
+    EXPECT_EQ(sum.box().max(), all.max());
+}
+
 }  // namespace
 }  // namespace veltrane::kernel

@@ -212,4 +212,23 @@ Box bounding_box(const Shape& shape) {
     return shape.is(ShapeKind::Compound) ? CompoundBoxes().box_of(shape) : simple_box(shape);
 }
 
+Box BoxSum::loose_box(const Shape& shape) {
+    const auto [known, is_new] = known_.try_emplace(shape.definition().get());
+    if (is_new) known->second = {shape.definition(), bounding_box(shape.placed(nullptr))};
+    const Box& own = known->second.box;
+    return shape.placement() ? own.transformed(shape.transform()) : own;
+}
+
+bool BoxSum::add(const Shape& shape) {
+    if (shape.is(ShapeKind::Compound) && shape.definition()->use_count() > 1) {
+        const Box loose = loose_box(shape);
+        if (loose.is_empty()) return true;
+        if (loose.is_finite() && box_.contains(loose.min()) && box_.contains(loose.max())) return true;
+    }
+    const Box box = bounding_box(shape);
+    if (box.is_open()) return false;
+    box_.add(box);
+    return true;
+}
+
 }  // namespace veltrane::kernel

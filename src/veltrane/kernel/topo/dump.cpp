@@ -72,11 +72,18 @@ std::string describe_definition(const Shape& shape) {
     return {};
 }
 
-class Dumper {
+}  // namespace
+
+class ShapeDumper::Lines {
 public:
-    explicit Dumper(std::ostream& out) : out_(out) {}
+    Lines(std::ostream& out, std::size_t indent) : out_(out), indent_(indent) {}
 
     void dump(const Shape& root) {
+        if (root.is_null()) {
+            begin_line();
+            out_ << "null shape\n";
+            return;
+        }
         enter(root, nullptr, nullptr);
         while (!stack_.empty()) {
             Frame& top = stack_.back();
@@ -106,10 +113,7 @@ private:
 
     /// Writes the line of a use, and goes on below it when the definition is new.
     void enter(const Shape& shape, const Loop* loop, const ParameterCurve* parameter_curve) {
-        const std::size_t depth = stack_.size();
-        out_ << std::string(2 * std::min(depth, kDeepestIndent), ' ');
-        if (depth > kDeepestIndent) out_ << "(" << depth << ") ";
-
+        begin_line();
         const auto [place, is_new] = numbers_.try_emplace(shape.definition().get(), numbers_.size() + 1);
         out_ << '#' << place->second << ' ' << name_of(shape.kind());
         if (shape.is_reversed()) out_ << " reversed";
@@ -122,19 +126,30 @@ private:
         if (is_new || loop) stack_.push_back({shape, loop, 0});
     }
 
+    void begin_line() {
+        static const std::string kBlanks(2 * kDeepestIndent, ' ');
+        const std::size_t depth = indent_ + stack_.size();
+        out_.write(kBlanks.data(), static_cast<std::streamsize>(2 * std::min(depth, kDeepestIndent)));
+        if (depth > kDeepestIndent) out_ << "(" << depth << ") ";
+    }
+
     std::ostream& out_;
+    std::size_t indent_;
     std::vector<Frame> stack_;
     std::unordered_map<const Definition*, std::size_t> numbers_;
 };
 
-}  // namespace
+ShapeDumper::ShapeDumper(std::ostream& out, std::size_t indent)
+    : lines_(std::make_unique<Lines>(out, indent)) {}
+
+ShapeDumper::~ShapeDumper() = default;
+
+void ShapeDumper::dump(const Shape& shape) {
+    lines_->dump(shape);
+}
 
 void dump(std::ostream& out, const Shape& shape) {
-    if (shape.is_null()) {
-        out << "null shape\n";
-        return;
-    }
-    Dumper(out).dump(shape);
+    ShapeDumper(out).dump(shape);
 }
 
 std::string dump(const Shape& shape) {

@@ -3,7 +3,9 @@
 
 #include "veltrane/kernel/topo/shape.hpp"
 
+#include <cstddef>
 #include <iosfwd>
+#include <memory>
 #include <string>
 
 namespace veltrane::kernel {
@@ -13,5 +15,20 @@ namespace veltrane::kernel {
 /// Below a depth of 32 the indentation stays and the depth is written as a number instead.
 void dump(std::ostream& out, const Shape& shape);
 std::string dump(const Shape& shape);
+
+/// Writes one shape after the other under one numbering: what they share is written once. Definitions that
+/// were written have to live as long as the dumper.
+class ShapeDumper {
+public:
+    /// Every line begins with `indent` steps of two blanks.
+    explicit ShapeDumper(std::ostream& out, std::size_t indent = 0);
+    ~ShapeDumper();
+
+    void dump(const Shape& shape);
+
+private:
+    class Lines;
+    std::unique_ptr<Lines> lines_;
+};
 
 }  // namespace veltrane::kernel
