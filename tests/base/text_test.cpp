@@ -20,7 +20,8 @@ TEST(Text, NullIsNotEmpty) {
 }
 
 TEST(Text, HoldsEveryLengthAndByte) {
-    TextPool pool;
+    ChunkPool memory;
+    TextPool pool(memory);
     for (std::size_t length : {0u, 1u, 6u, 7u, 8u, 9u, 63u, 4095u, 4096u, 4097u, 100'000u}) {
         std::string characters(length, '\0');
         for (std::size_t i = 0; i < length; ++i) characters[i] = static_cast<char>(i * 37);
@@ -53,7 +54,8 @@ TEST(TextPool, TextsOutliveThePoolAndEachOther) {
     std::mt19937 random(1);
     std::vector<std::pair<Text, std::string>> kept;
     {
-        TextPool pool;
+        ChunkPool memory;
+        TextPool pool(memory);
         for (int i = 0; i < 20'000; ++i) {
             const std::string characters(random() % 40, static_cast<char>('a' + random() % 26));
             const Text text = i % 2 ? pool.unique(characters) : pool.shared(characters);
@@ -64,7 +66,8 @@ TEST(TextPool, TextsOutliveThePoolAndEachOther) {
 }
 
 TEST(TextPool, GivesEqualTextsOutAgain) {
-    TextPool pool;
+    ChunkPool memory;
+    TextPool pool(memory);
     const Text first = pool.shared("AcDbEntity"), again = pool.shared("AcDbEntity");
     EXPECT_EQ(first.view().data(), again.view().data());
     EXPECT_NE(first.view().data(), pool.unique("AcDbEntity").view().data());

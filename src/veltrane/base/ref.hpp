@@ -6,6 +6,7 @@
 #include "veltrane/base/type.hpp"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <type_traits>
 #include <utility>
@@ -29,21 +30,28 @@ public:
 
     void retain() const noexcept { uses_.increment(); }
     void release() const noexcept {
-        if (uses_.decrement()) delete this;
+        if (uses_.decrement()) dispose();
     }
     std::uint32_t use_count() const noexcept { return uses_.value(); }
 
-    /// A place for one number, set by the container that numbers this object. It is a hint: whoever
-    /// reads it checks it against the container.
-    void set_slot(std::uint32_t slot) const noexcept { slot_ = slot; }
+    /// A place for one number, up to kLargestSlot, set by the container that numbers this object. It is a
+    /// hint: whoever reads it checks it against the container.
+    static constexpr std::uint32_t kLargestSlot = INT32_MAX;
+    void set_slot(std::uint32_t slot) const noexcept { slot_ = slot & kLargestSlot; }
     std::uint32_t slot() const noexcept { return slot_; }
+
+    /// For make_in() alone: says that the object stands in a chunk and has a use of it.
+    void set_in_chunk() noexcept { in_chunk_ = 1; }
 
 protected:
     inline static constexpr Type kType{kTypeName, nullptr};
 
 private:
+    void dispose() const noexcept;
+
     mutable RefCount uses_;
-    mutable std::uint32_t slot_ = 0;
+    mutable std::uint32_t slot_ : 31 = 0;
+    std::uint32_t in_chunk_ : 1 = 0;
 };
 
 /// Derive from Typed<Self, Base> and declare `static constexpr const char* kTypeName = "Self";`.

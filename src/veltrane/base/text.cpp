@@ -7,9 +7,6 @@ namespace veltrane {
 
 namespace {
 
-constexpr std::size_t kChunkSize = 64 * 1024 - 64;  // with the allocator's own bytes, 64 KiB
-constexpr std::size_t kLongestPooled = 4096;        // longer ones would waste the ends of chunks
-
 std::size_t slot_of(std::string_view characters, std::size_t slots) {
     // Cheap and good enough for a cache: both ends and the length tell names apart.
     std::uint64_t head = 0, tail = 0;
@@ -22,22 +19,9 @@ std::size_t slot_of(std::string_view characters, std::size_t slots) {
 
 }  // namespace
 
-Text::Chunk* Text::Chunk::create(std::size_t size) {
-    auto* chunk = new (::operator new(sizeof(Chunk) + size)) Chunk;
-    chunk->size = static_cast<std::uint32_t>(size);
-    chunk->uses.increment();
-    return chunk;
-}
-
-void Text::Chunk::release() noexcept {
-    if (!uses.decrement()) return;
-    this->~Chunk();
-    ::operator delete(this);
-}
-
-Text::Shared* Text::place(Chunk* chunk, std::size_t offset, std::string_view characters) {
-    auto* shared = new (chunk->bytes() + offset) Shared;
-    shared->offset = static_cast<std::uint32_t>(sizeof(Chunk) + offset);
+Text::Shared* Text::place(Chunk* chunk, char* room, std::string_view characters) {
+    auto* shared = new (room) Shared;
+    shared->offset = static_cast<std::uint32_t>(room - reinterpret_cast<char*>(chunk));
     shared->length = static_cast<std::uint32_t>(characters.size());
     std::memcpy(shared->characters(), characters.data(), characters.size());
     return shared;
@@ -48,28 +32,17 @@ Text::Text(std::string_view characters) {
         set_inline(characters.empty() ? "" : characters);  // an empty view may point nowhere
         return;
     }
-    if (characters.size() >= UINT32_MAX - sizeof(Shared)) throw std::length_error("text longer than 4 GiB");
-    Chunk* chunk = Chunk::create(shared_size(characters.size()));
-    word_ = reinterpret_cast<std::uintptr_t>(place(chunk, 0, characters));
-}
-
-TextPool::~TextPool() {
-    if (chunk_) chunk_->release();
+    const std::size_t size = sizeof(Chunk) + shared_size(characters.size());
+    if (size > UINT32_MAX) throw std::length_error("text longer than 4 GiB");
+    Chunk* chunk = Chunk::create(size);
+    word_ = reinterpret_cast<std::uintptr_t>(place(chunk, chunk->bytes(), characters));
 }
 
 Text TextPool::unique(std::string_view characters) {
-    if (characters.size() <= Text::kInlineLength || characters.size() > kLongestPooled)
-        return Text(characters);
     const std::size_t size = Text::shared_size(characters.size());
-    if (!chunk_ || used_ + size > chunk_->size) {
-        if (chunk_) chunk_->release();
-        chunk_ = Text::Chunk::create(kChunkSize);
-        used_ = 0;
-    }
-    chunk_->uses.increment();
-    Text::Shared* shared = Text::place(chunk_, used_, characters);
-    used_ += size;
-    return Text(shared);
+    if (characters.size() <= Text::kInlineLength || size > ChunkPool::kLargestPiece) return Text(characters);
+    char* const room = memory_.room(size);
+    return Text(Text::place(memory_.take(size), room, characters));
 }
 
 Text TextPool::shared(std::string_view characters) {

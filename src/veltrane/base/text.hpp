@@ -1,7 +1,7 @@
 // Shared immutable text, eight bytes wide, and the pool from which a reader makes many of them.
 #pragma once
 
-#include "veltrane/base/ref_count.hpp"
+#include "veltrane/base/chunk_pool.hpp"
 
 #include <bit>
 #include <cstddef>
@@ -62,14 +62,6 @@ private:
     static_assert(std::endian::native == std::endian::little && sizeof(void*) == 8,
                   "the tag bit is kept in the lowest byte of a pointer");
 
-    /// Holds the characters of one or many texts; lives while one of them does.
-    struct Chunk {
-        RefCount uses;
-        std::uint32_t size;  // bytes that follow
-        char* bytes() { return reinterpret_cast<char*>(this + 1); }
-        static Chunk* create(std::size_t size);
-        void release() noexcept;
-    };
     /// Stands in a chunk before its characters.
     struct Shared {
         std::uint32_t offset;  // from the chunk to here
@@ -79,8 +71,8 @@ private:
         Chunk* chunk() { return reinterpret_cast<Chunk*>(reinterpret_cast<char*>(this) - offset); }
     };
 
-    /// Lays a text out in a chunk that has room for it; takes over one use of the chunk.
-    static Shared* place(Chunk* chunk, std::size_t offset, std::string_view characters);
+    /// Lays a text out in a chunk that has room for it there; takes over one use of the chunk.
+    static Shared* place(Chunk* chunk, char* room, std::string_view characters);
     static constexpr std::size_t shared_size(std::size_t length) {
         return (sizeof(Shared) + length + alignof(Shared) - 1) / alignof(Shared) * alignof(Shared);
     }
@@ -99,7 +91,7 @@ private:
         return is_shared() && other.is_shared() && view() == other.view();
     }
     void retain() const noexcept {
-        if (is_shared()) shared()->chunk()->uses.increment();
+        if (is_shared()) shared()->chunk()->retain();
     }
     void release() noexcept {
         if (is_shared()) shared()->chunk()->release();
@@ -108,14 +100,14 @@ private:
     std::uintptr_t word_ = 0;
 };
 
-/// Makes many texts cheaply: long ones are carved out of chunks of 64 KiB, and text() hands out again
-/// what it has lately handed out. A chunk lives as long as one of its texts does. One thread at a time.
+/// Makes many texts cheaply: long ones stand in chunks, and shared() hands out again what it has lately
+/// handed out. One thread at a time.
 class TextPool {
 public:
-    TextPool() = default;
+    /// `memory` outlives the pool.
+    explicit TextPool(ChunkPool& memory) : memory_(memory) {}
     TextPool(const TextPool&) = delete;
     TextPool& operator=(const TextPool&) = delete;
-    ~TextPool();
 
     /// A text of its own, for values that seldom repeat (numbers).
     Text unique(std::string_view characters);
@@ -123,8 +115,7 @@ public:
     Text shared(std::string_view characters);
 
 private:
-    Text::Chunk* chunk_ = nullptr;
-    std::size_t used_ = 0;
+    ChunkPool& memory_;
     Text recent_[256];  // by hash of the characters
 };
 

@@ -6,7 +6,7 @@ namespace veltrane {
 
 namespace {
 
-constexpr std::uint32_t kOtherSlot = UINT32_MAX;  // says: perhaps listed in another model
+constexpr std::uint32_t kOtherSlot = Transient::kLargestSlot;  // says: perhaps listed in another model
 
 }  // namespace
 

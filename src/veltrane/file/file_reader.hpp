@@ -95,6 +95,9 @@ public:
     bool FillsAbsent() const { return fills_absent_; }
     void FillAbsent(bool fill) { fills_absent_ = fill; }
 
+    /// Where what is read is to stand.
+    ChunkPool& Memory() { return memory_; }
+
     /// Where a record that keeps groups gathers them; each takes its own away when it ends.
     std::vector<DxfSection_DxfGroup>& GroupBuffer() { return groups_; }
 
@@ -141,7 +144,8 @@ private:
     std::unique_ptr<char[]> buffer_;
     const char* at_ = nullptr;
     const char* end_ = nullptr;
-    TextPool texts_;
+    ChunkPool memory_;
+    TextPool texts_{memory_};
     std::vector<DxfSection_DxfGroup> groups_;
 
     // The registrators found last: a drawing has few types of records, and they come again and again.

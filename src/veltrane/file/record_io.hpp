@@ -41,7 +41,7 @@ template <class Record>
 struct DxfFile_RecordRW {
     /// Reads the record whose group 0 is current. The group 0 after it is pushed back.
     static Ref<Record> Read(std::istream& stream, DxfFile_FileReader& reader) {
-        auto record = make<Record>();
+        auto record = make_in<Record>(reader.Memory());
         read_record(record_table<Record>(), stream, reader, record);
         return record;
     }
@@ -61,7 +61,7 @@ struct DxfFile_RecordRW {
 template <class Record>
 struct DxfFile_SubRecordRW {
     static Ref<Record> Read(std::istream& stream, DxfFile_FileReader& reader) {
-        auto record = make<Record>();
+        auto record = make_in<Record>(reader.Memory());
         read_sub_record(record_table<Record>(), stream, reader, *record);
         return record;
     }

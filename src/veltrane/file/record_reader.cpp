@@ -79,7 +79,7 @@ void read_row_record(const Row& row, std::istream& stream, DxfFile_FileReader& r
         reader.SendWarning({"What begins with group %d at line %d replaces an earlier one", reader.Code(),
                             reader.LineNumber()});
     }
-    Transient& record = row.records.append(owner);
+    Transient& record = row.records.append(owner, reader.Memory());
     if (row.records.closing_code >= 0) return read_closed(row, stream, reader, record);
     read_sub_record(*row.records.table, stream, reader, record);
 }

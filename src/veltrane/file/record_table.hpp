@@ -1,6 +1,7 @@
 // The format of a record as a table: one row per field, read, written and dumped by one interpreter each.
 #pragma once
 
+#include "veltrane/base/chunk_pool.hpp"
 #include "veltrane/base/sequence.hpp"
 #include "veltrane/base/text.hpp"
 #include "veltrane/kernel/math/vector.hpp"
@@ -98,8 +99,8 @@ struct PieceFunctions {
 
 /// Access to the sub-records of one field.
 struct SubRecords {
-    /// A new sub-record: at the end of the list, or in place of the one that was there.
-    Transient& (*append)(Transient& record) = nullptr;
+    /// A new sub-record in `memory`: at the end of the list, or in place of the one that was there.
+    Transient& (*append)(Transient& record, ChunkPool& memory) = nullptr;
     int (*count)(const Transient& record) = nullptr;  ///< -1 when there is none, or no list
     const Transient& (*item)(const Transient& record, int number) = nullptr;
     const RecordTable* table = nullptr;
@@ -335,10 +336,11 @@ struct ListOf<List> {
     static const Ref<Sequence<Ref<Element>>>& of(const Transient& record) {
         return static_cast<const Record&>(record).*List;
     }
-    static Transient& append(Transient& record) {
-        auto element = make<Element>();
-        veltrane::append(static_cast<Record&>(record).*List, element);
-        return *element;
+    static Transient& append(Transient& record, ChunkPool& memory) {
+        auto& list = static_cast<Record&>(record).*List;
+        if (!list) list = make_in<Sequence<Ref<Element>>>(memory);
+        list->Append(make_in<Element>(memory));
+        return *list->items().back();
     }
     static int count(const Transient& record) { return of(record) ? of(record)->Length() : -1; }
     static const Transient& item(const Transient& record, int number) { return *of(record)->Value(number); }
@@ -351,9 +353,9 @@ struct SingleOf<Single> {
     static const Ref<Element>& of(const Transient& record) {
         return static_cast<const Record&>(record).*Single;
     }
-    static Transient& append(Transient& record) {
+    static Transient& append(Transient& record, ChunkPool& memory) {
         auto& element = static_cast<Record&>(record).*Single;
-        element = make<Element>();
+        element = make_in<Element>(memory);
         return *element;
     }
     static int count(const Transient& record) { return of(record) ? 1 : -1; }

@@ -101,9 +101,10 @@ void DxfSection_Model::AssignHandles() {
 /// of those that lost it to `without`.
 void DxfSection_Model::drop_duplicate_handles(std::vector<int>& without) {
     const auto by_handle = [](const auto& a, const auto& b) { return a.first < b.first; };
-    if (!std::is_sorted(handles_.begin(), handles_.end(), by_handle)) {
-        std::stable_sort(handles_.begin(), handles_.end(), by_handle);
-    }
+    // Most drawings are written in the order of their handles, but for a few records.
+    const auto others = std::is_sorted_until(handles_.begin(), handles_.end(), by_handle);
+    std::stable_sort(others, handles_.end(), by_handle);
+    std::inplace_merge(handles_.begin(), others, handles_.end(), by_handle);
     std::size_t kept = 0;
     for (std::size_t i = 0; i < handles_.size(); ++i) {
         if (kept > 0 && handles_[kept - 1].first == handles_[i].first) {
