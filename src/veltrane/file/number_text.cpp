@@ -1,5 +1,7 @@
 #include "veltrane/file/number_text.hpp"
 
+#include "veltrane/file/plain_decimal.hpp"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -62,6 +64,10 @@ bool read_real(std::string_view text, double& value) {
     if (first == end || (!is_digit(*first) && *first != '.')) return false;
 
     double number = 0;
+    if (read_plain_decimal(first, end, number)) {
+        value = negative ? -number : number;
+        return true;
+    }
     const auto result = std::from_chars(first, end, number);
     // Too large and too small are one error to from_chars; only what is too large is no number here.
     if (result.ec == std::errc::result_out_of_range) {
