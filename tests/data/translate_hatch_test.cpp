@@ -133,6 +133,12 @@ TEST(TranslateHatch, TheParameterAsksForAllFaces) {
     const test::MeasureRow rows[] = {
         {hatch(kSquare), "face: 4 edges", 16, 16, {0, 0, 0}, {4, 4, 0}},
         {hatch(kPolyline, "10 0 20 0 30 1 210 0 220 0 230 1", 0), "face", 2 * pi, pi, {0, -1, 1}, {2, 1, 1}},
+        {hatch(kSquare, "10 0 20 0 30 3 210 0 220 -1 230 0"),
+         "face: 4 edges",
+         16,
+         16,
+         {0, -3, 0},
+         {4, -3, 4}},
         {hatch(kSpline), "face: 2 edges", 8 + 4 * std::sqrt(2), 8, {0, 0, 0}, {4, 4, 0}},
         {hatch(clockwise), "face: 2 edges", pi + 2 * std::sqrt(2), pi - 2, {0, 0, 0}, {2, 2, 0}},
         {hatch(slice),

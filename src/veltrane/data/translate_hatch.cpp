@@ -1,6 +1,7 @@
 #include "veltrane/data/translate_hatch.hpp"
 
 #include "veltrane/data/hatch_boundary.hpp"
+#include "veltrane/data/object_coordinates.hpp"
 #include "veltrane/ent/annotations.hpp"
 #include "veltrane/ent/inserts.hpp"
 #include "veltrane/exchange/parameters.hpp"
@@ -20,6 +21,16 @@ namespace {
 using kernel::Shape;
 using kernel::ShapeKind;
 
+/// Drawings state the elevation in object co-ordinates; solid hatches take it for a point of the world.
+kernel::Frame frame_of(const DxfEnt_Hatch& hatch, bool takes_all, double scale) {
+    kernel::Point origin = hatch.ElevationPoint;
+    if (takes_all) {
+        DxfData::ECSToWCS(kernel::unit(hatch.ExtrusionDir), origin);
+        origin *= scale;
+    }
+    return kernel::Frame::from_normal(origin, hatch.ExtrusionDir);
+}
+
 /// The loops of a hatch on their way to faces.
 class Boundary {
 public:
@@ -27,8 +38,7 @@ public:
              const DxfEnt_Hatch& hatch, bool takes_all)
         : context_(context),
           record_(record),
-          frame_(kernel::Frame::from_normal((takes_all ? context.UnitScale() : 1) * hatch.ElevationPoint,
-                                            hatch.ExtrusionDir)),
+          frame_(frame_of(hatch, takes_all, context.UnitScale())),
           takes_all_(takes_all) {}
 
     void add(const DxfEnt_HatchBoundary& loop) {

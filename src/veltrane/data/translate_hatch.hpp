@@ -17,7 +17,8 @@ public:
     /// Planar faces with islands; of solid hatches only. A loop is taken from the entities it was made of
     /// where it names some, else from its own lines and arcs, in drawing units; a single loop of several of
     /// them gives but the wire. While the parameter "read.dxf.hatchentities" is on, every hatch gives faces,
-    /// with boundaries of all kinds, in millimetres, as the loops themselves state them.
+    /// with boundaries of all kinds, in millimetres, as the loops themselves state them, and the elevation is
+    /// measured along the extrusion.
     kernel::Shape MakeShape(DxfData_TransferContext& context, const Ref<DxfSection_Object>& record,
                             const Progress& progress) const override;
 };
