@@ -10,9 +10,9 @@ without a folder, with 1 when something disagrees.
 import collections
 import functools
 import math
-import subprocess
 import sys
 
+import conics
 import peer
 
 TOLERANCE = 1e-9
@@ -92,32 +92,6 @@ def conic(centre, u, v, first, last):
                  lambda t: tuple(math.cos(t) * v[i] - math.sin(t) * u[i] for i in range(3)), breaks)
 
 
-def circular(entity):
-    ocs = entity.ocs()
-    radius = entity.dxf.radius
-    centre, u, v = (ocs.to_wcs(p) for p in (entity.dxf.center, (radius, 0, 0), (0, radius, 0)))
-    if entity.dxftype() == "CIRCLE":
-        return conic(centre, u, v, 0, 2 * math.pi)
-    first, last = math.radians(entity.dxf.start_angle), math.radians(entity.dxf.end_angle)
-    span = last - first
-    if not 0 < span <= 2 * math.pi:
-        span %= 2 * math.pi
-    if span <= 1e-7:  # equal angles mean the whole circle, from its zero angle
-        return conic(centre, u, v, 0, 2 * math.pi)
-    return conic(centre, u, v, first, first + span)
-
-
-def elliptic(entity):
-    from ezdxf.math import Vec3
-    major = Vec3(entity.dxf.major_axis)
-    minor = Vec3(entity.dxf.extrusion).normalize().cross(major).normalize(major.magnitude * entity.dxf.ratio)
-    first, last = entity.dxf.start_param, entity.dxf.end_param
-    span = (last - first) % (2 * math.pi)
-    if abs(last - first) % (2 * math.pi) <= 1e-7:
-        first, span = 0, 2 * math.pi
-    return conic(Vec3(entity.dxf.center), major, minor, first, first + span)
-
-
 def spline(entity):
     curve = entity.construction_tool()
     knots = list(curve.knots())
@@ -137,34 +111,7 @@ def peer_facts(entity):
         return list(dxf.location)
     if kind in ("RAY", "XLINE"):
         return list(dxf.start) + list(dxf.unit_vector.normalize())
-    maker = {"ELLIPSE": elliptic, "SPLINE": spline}.get(kind, circular)
-    return maker(entity).facts()
-
-
-def our_facts(program, path):
-    result = subprocess.run([program, path], capture_output=True, text=True, errors="replace", timeout=120)
-    if result.returncode != 0:
-        return None
-    facts = {}
-    order = collections.defaultdict(list)
-    for line in result.stdout.splitlines():
-        handle, kind, container, *numbers = line.split("\t")
-        entry = (kind, [float(n) for n in numbers])
-        facts[handle] = entry
-        order[kind, container].append(entry)
-    return facts, order
-
-
-def peer_entities(document):
-    """(entity, container) of every entity that ezdxf keeps."""
-    for block in document.blocks:
-        name = block.name.upper()
-        if block.is_any_layout:
-            container = "MODEL" if name.startswith(("*MODEL", "$MODEL")) else "PAPER"
-        else:
-            container = "BLOCK " + block.name
-        for entity in block:
-            yield entity, container
+    return (spline(entity) if kind == "SPLINE" else conic(*conics.of(entity))).facts()
 
 
 def disagreement(kind, ours, peers):
@@ -180,47 +127,32 @@ def disagreement(kind, ours, peers):
 
 def compare_file(program, path):
     """(its disagreements, how often what happened)."""
-    import ezdxf
     tally = collections.Counter()
-    try:
-        document = ezdxf.readfile(path)
-    except Exception as refusal:  # the peer's own limits are no concern here
+    document = peer.document(path)
+    if document is None:
         return [], {"not read by the peer": 1}
-    ours = our_facts(program, path)
-    if ours is None:
+    ours = peer.Facts([program, path])
+    if not ours.are_known:
         return ["%s: not read here" % path.name], {}
-    facts, order = ours
-    entities = list(peer_entities(document))
-    counts = collections.Counter((entity.dxftype(), container) for entity, container in entities)
-    positions = collections.Counter()
     problems = []
-    for entity, container in entities:
+    for entity, words in ours.paired(document, TYPES):
         kind = entity.dxftype()
-        if kind not in TYPES:
-            continue
-        place = positions[kind, container]
-        positions[kind, container] += 1
-        # Handles may be missing or claimed twice in the file; the order then tells. The peer adds entities
-        # of its own to some drawings; the handle then tells.
-        listed = order.get((kind, container), [])
-        known = listed[place] if len(listed) == counts[kind, container] else facts.get(entity.dxf.handle)
-        if known and known[0] != kind:
-            known = None
-        if not known:
+        if words is None:
             tally["%s only at the peer" % kind] += 1
             continue
-        if not known[1]:
+        if not words:
             tally["%s without a shape" % kind] += 1
             continue
+        figures = [float(word) for word in words]
         try:
             peers = peer_facts(entity)
         except Exception as failure:
             tally["%s that the peer cannot measure" % kind] += 1
             continue
-        problem = disagreement(kind, known[1], peers)
+        problem = disagreement(kind, figures, peers)
         if problem:
             problems.append("%s: %s #%s %s\n    ours %s\n    peer %s" % (
-                path.name, kind, entity.dxf.handle, problem, known[1], peers))
+                path.name, kind, entity.dxf.handle, problem, figures, peers))
         else:
             tally["%s agree" % kind] += 1
     return problems, tally

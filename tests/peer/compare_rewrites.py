@@ -137,14 +137,6 @@ def compare(vdxf, read, path):
     return ("drawings that differ" if found else "drawings that agree"), found
 
 
-def tell_excuses(reader, rows, paths):
-    for row in rewrite_excuses.DIFFERENCES:
-        if rows[row]:
-            print("%7d differences excused in %s: %s" % (rows[row], row[1] or "any drawing", row[3]))
-        elif row[0] == reader and any(path.name.endswith(row[1]) for path in paths):
-            print("the excuse of %s is not needed any more: %s" % (row[1] or "any drawing", row[3]))
-
-
 def main():
     arguments = argparse.ArgumentParser(usage=__doc__)
     arguments.add_argument("vdxf")
@@ -176,7 +168,8 @@ def main():
                 rows[row] += 1
             else:
                 problems.append(told)
-    tell_excuses(reader, rows, paths)
+    peer.tell_excuses(rows, [row for row in rewrite_excuses.DIFFERENCES
+                             if row[0] == reader and any(path.name.endswith(row[1]) for path in paths)])
     return peer.report(tally, problems)
 
 

@@ -1,19 +1,9 @@
 // Prints what the shapes of a drawing's curve entities measure, one line per entity, for comparison with
 // another reader: handle, type, container, then start, end, length and box with all their digits.
-#include "veltrane/control/reader.hpp"
-#include "veltrane/ent/curves.hpp"
-#include "veltrane/exchange/parameters.hpp"
-#include "veltrane/exchange/shape_binder.hpp"
-#include "veltrane/file/object_registrator.hpp"
+#include "record_facts.hpp"
 #include "veltrane/kernel/algo/bounds.hpp"
 #include "veltrane/kernel/geom/curve_measure.hpp"
 #include "veltrane/kernel/topo/explore.hpp"
-#include "veltrane/section/block.hpp"
-#include "veltrane/section/handle_text.hpp"
-#include "veltrane/section/model.hpp"
-
-#include <cstdio>
-#include <string>
 
 namespace {
 
@@ -44,11 +34,7 @@ void print_edge(const kernel::Shape& shape) {
 
 void print_record(DxfControl_Reader& reader, const Ref<DxfSection_Object>& record,
                   const std::string& container) {
-    const auto* entity = as<DxfSection_Entity>(record.get());
-    const auto* registrator = entity ? DxfFile_ObjectRegistrator::Find(entity->DynamicType()) : nullptr;
-    if (!registrator) return;
-    const std::string handle = DxfSection::HexToString(entity->Handle).str();
-    std::printf("%s\t%s\t%s", handle.c_str(), registrator->Name(), container.c_str());
+    if (!peer::print_head(*record, container)) return;
     reader.ClearShapes();
     if (reader.TransferEntity(record) == ExchangeStatus::Done) {
         const kernel::Shape& shape = reader.Shape(1);
@@ -61,30 +47,14 @@ void print_record(DxfControl_Reader& reader, const Ref<DxfSection_Object>& recor
     std::printf("\n");
 }
 
-void print_all(DxfControl_Reader& reader, const Ref<Sequence<Ref<DxfSection_Object>>>& records,
-               const std::string& container) {
-    if (!records) return;
-    for (const Ref<DxfSection_Object>& record : *records) {
-        if (const auto* block = as<DxfSection_Block>(record.get())) {
-            print_all(reader, block->Objects, "BLOCK " + block->BlockName1.str());
-        } else if (record) {
-            const auto* entity = as<DxfSection_Entity>(record.get());
-            const bool paper = entity && entity->InModelSpace != 0;
-            print_record(reader, record, container.empty() ? (paper ? "PAPER" : "MODEL") : container);
-        }
-    }
-}
-
 }  // namespace
 
 int main(int count, char** words) {
     DxfControl_Reader reader;
-    StaticParameters::SetText("read.dxf.insunits.scale", "Off");  // the peer measures in drawing units
-    if (count != 2 || reader.ReadFile(words[1]) != ExchangeStatus::Done) return 1;
-    const auto model = as<DxfSection_Model>(reader.Model());
-    for (const char* name : {"BLOCKS", "ENTITIES"}) {
-        const auto section = model->FindSection(name, false);
-        if (section) print_all(reader, section->Objects, "");
-    }
+    if (count != 2 || !peer::read(reader, words[1])) return 1;
+    peer::visit_records(*as<DxfSection_Model>(reader.Model()),
+                        [&](const Ref<DxfSection_Object>& record, const std::string& container) {
+                            print_record(reader, record, container);
+                        });
     return 0;
 }
