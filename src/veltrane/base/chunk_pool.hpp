@@ -45,7 +45,7 @@ private:
     explicit Chunk(std::size_t size) : size_(static_cast<std::uint32_t>(size)) { retain(); }
     void destroy() noexcept;
 
-    Chunk* self_ = this;  // of the first block
+    [[maybe_unused]] Chunk* self_ = this;  // of the first block, for of()
     RefCount uses_;
     std::uint32_t size_;
 };
