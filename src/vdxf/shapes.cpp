@@ -11,7 +11,7 @@ namespace veltrane::tool {
 ConversionAccount draw(Drawing& drawing, const PictureOptions& options, const std::string& file,
                        const Console& console) {
     drawing.translate(console);
-    const Scene scene = make_scene(drawing.model(), *drawing.reader().Process());
+    const Scene scene = make_scene(drawing.model(), *drawing.reader().Process(), Patterns::Lines);
     const PictureReport report = write_picture(scene, options, file);
     if (!report.is_done()) throw Failure(ExitCode::Failed, report.problem + ".");
     ConversionAccount account = shape_account(drawing, console);

@@ -1,6 +1,7 @@
 #include "veltrane/output/scene.hpp"
 
 #include "veltrane/exchange/shape_binder.hpp"
+#include "veltrane/output/hatch_pattern.hpp"
 #include "veltrane/output/record_walk.hpp"
 #include "veltrane/output/scene_blocks.hpp"
 
@@ -46,22 +47,65 @@ bool has_model_space(const std::vector<SceneItem>& items) {
     return false;
 }
 
-/// Gives the items their styles and leaves out what is hidden.
-std::vector<SceneItem> visible_items(std::vector<SceneItem> items, const LayerStyles& layers,
-                                     const Style* insert, SceneBlocks& blocks, Scene& scene) {
-    std::vector<SceneItem> visible;
-    visible.reserve(items.size());
-    for (SceneItem& item : items) {
-        item.style = resolve_style(*item.record, layers, insert);
-        if (item.style.hidden != Hidden::No) {
-            scene.count(omission_of(item.style.hidden));
-            continue;
+class SceneMaker {
+public:
+    SceneMaker(const DxfSection_Model& model, const ReadProcess& process, Patterns patterns, Scene& scene)
+        : model_(model),
+          process_(process),
+          patterns_(patterns),
+          scene_(scene),
+          layers_(model),
+          blocks_(model, process, scene.groups) {}
+
+    void make() {
+        std::vector<SceneItem> items = shaped_records(model_, process_, scene_);
+        if (has_model_space(items)) {
+            const std::size_t all = items.size();
+            std::erase_if(items, is_in_paper_space);
+            scene_.omitted[static_cast<std::size_t>(Omission::PaperSpace)] += all - items.size();
         }
-        item.content = blocks.content_of(item);
-        visible.push_back(std::move(item));
+        scene_.items = visible(std::move(items), nullptr);
+        while (const SceneBlocks::Unfilled* next = blocks_.next_unfilled()) {
+            const Style insert = next->insert;
+            SceneGroup& group = *next->group;
+            group.items = visible(blocks_.parts_of(*next), &insert);
+        }
     }
-    return visible;
-}
+
+private:
+    /// Gives the items their styles and leaves out what is hidden.
+    std::vector<SceneItem> visible(std::vector<SceneItem> items, const Style* insert) {
+        std::vector<SceneItem> visible;
+        visible.reserve(items.size());
+        for (SceneItem& item : items) {
+            item.style = resolve_style(*item.record, layers_, insert);
+            if (item.style.hidden != Hidden::No) {
+                scene_.count(omission_of(item.style.hidden));
+                continue;
+            }
+            item.content = blocks_.content_of(item);
+            if (patterns_ == Patterns::Lines) take_pattern(item);
+            visible.push_back(std::move(item));
+        }
+        return visible;
+    }
+
+    void take_pattern(SceneItem& item) const {
+        const auto* hatch = as<const DxfEnt_Hatch>(item.record.get());
+        if (!hatch || hatch->SolidFillFlag != 0) return;
+        const kernel::Shape faces = shape_result(process_.Find(hatch).get());
+        const kernel::Shape pattern = hatch_pattern(*hatch, faces, model_.UnitScale());
+        kernel::Shape lines = carried_over(pattern, faces, item.shape);
+        if (!lines.is_null()) item.shape = std::move(lines);
+    }
+
+    const DxfSection_Model& model_;
+    const ReadProcess& process_;
+    Patterns patterns_;
+    Scene& scene_;
+    LayerStyles layers_;
+    SceneBlocks blocks_;
+};
 
 }  // namespace
 
@@ -81,22 +125,9 @@ std::string_view name_of(Omission omission) {
     return {};
 }
 
-Scene make_scene(const DxfSection_Model& model, const ReadProcess& process) {
+Scene make_scene(const DxfSection_Model& model, const ReadProcess& process, Patterns patterns) {
     Scene scene;
-    const LayerStyles layers(model);
-    SceneBlocks blocks(model, process, scene.groups);
-    std::vector<SceneItem> items = shaped_records(model, process, scene);
-    if (has_model_space(items)) {
-        const std::size_t all = items.size();
-        std::erase_if(items, is_in_paper_space);
-        scene.omitted[static_cast<std::size_t>(Omission::PaperSpace)] += all - items.size();
-    }
-    scene.items = visible_items(std::move(items), layers, nullptr, blocks, scene);
-    while (SceneBlocks::Unfilled* next = blocks.next_unfilled()) {
-        const Style insert = next->insert;
-        SceneGroup& group = *next->group;
-        group.items = visible_items(blocks.parts_of(*next), layers, &insert, blocks, scene);
-    }
+    SceneMaker(model, process, patterns, scene).make();
     return scene;
 }
 

@@ -56,11 +56,18 @@ struct Scene {
     void count(Omission reason) { ++omitted[static_cast<std::size_t>(reason)]; }
 };
 
+/// How hatches with a pattern come into a scene, where they gave faces.
+enum class Patterns : std::uint8_t {
+    Faces,  ///< as these faces
+    Lines,  ///< as the lines of the pattern, as they are drawn
+};
+
 /// The records of the ENTITIES section in file order, with the shapes that `process` has bound to them.
 /// Records in paper space are left out, since their co-ordinates are those of a sheet and would lie across
 /// the model's; only when no record in model space gave a shape are they what is drawn. What is hidden is
 /// left out, also inside blocks.
-Scene make_scene(const DxfSection_Model& model, const ReadProcess& process);
+Scene make_scene(const DxfSection_Model& model, const ReadProcess& process,
+                 Patterns patterns = Patterns::Faces);
 
 /// The copies of its content that an item places, one shape for each; the item's own shape without content.
 std::vector<kernel::Shape> copies_of(const SceneItem& item);
