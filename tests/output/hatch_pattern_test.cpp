@@ -77,6 +77,9 @@ TEST(HatchPattern, IsCutToTheFaces) {
         EXPECT_NEAR(kernel::length(pattern), row.length, 0.01) << row.what;
         if (row.dots > 0) EXPECT_EQ(kernel::child_count(pattern), row.dots) << row.what;
     }
+    const auto named = hatch(0, {0, 1, 0}, {});
+    named->PatternLines = nullptr;
+    EXPECT_NEAR(kernel::length(hatch_pattern(*named, plate(), 1)), 36, 1e-9) << "the outline";
     const auto solid = hatch(0, {0, 1, 0}, {});
     solid->SolidFillFlag = 1;
     EXPECT_TRUE(hatch_pattern(*solid, plate(), 1).is_null());

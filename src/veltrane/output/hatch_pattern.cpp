@@ -65,8 +65,12 @@ std::optional<LineFamily> family_of(const DxfEnt_HatchPatternData& data, double 
     return family;
 }
 
+Shape outline_of(const Shape& faces) {
+    return kernel::make_compound(kernel::sub_shapes(faces, kernel::ShapeKind::Wire));
+}
+
 /// The outline of faces as chords, in the object co-ordinates of the hatch.
-std::vector<Segment> outline_of(const Shape& faces, const kernel::Frame& frame) {
+std::vector<Segment> chords_of(const Shape& faces, const kernel::Frame& frame) {
     kernel::MeshOptions options;
     options.deflection = 1e12;  // the angle alone says how finely
     options.angle = kOutlineAngle;
@@ -200,12 +204,13 @@ kernel::AffineMap map_between(const std::array<Point, 3>& from, const std::array
 }  // namespace
 
 Shape hatch_pattern(const DxfEnt_Hatch& hatch, const Shape& faces, double unit_scale) {
-    if (hatch.SolidFillFlag != 0 || !hatch.PatternLines || faces.is_null()) return {};
+    if (hatch.SolidFillFlag != 0 || faces.is_null()) return {};
     try {
+        if (length(hatch.PatternLines) == 0) return outline_of(faces);
         const Vector normal = kernel::unit(hatch.ExtrusionDir);
         const kernel::Frame frame =
             kernel::Frame::from_normal(unit_scale * hatch.ElevationPoint.z() * normal, normal);
-        const std::vector<Segment> outline = outline_of(faces, frame);
+        const std::vector<Segment> outline = chords_of(faces, frame);
         PatternDrawer drawer(frame, outline);
         for (const auto& data : *hatch.PatternLines) {
             const auto family = data ? family_of(*data, unit_scale) : std::nullopt;
