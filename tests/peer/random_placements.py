@@ -188,7 +188,6 @@ class Drawing:
         x, y, z = self.factors()
         array = [(70, self.chance.randint(1, 3)), (71, self.chance.randint(1, 2)), (44, self.number(5)),
                  (45, self.number(5))]
-        name = self.chance.choice([name, name.upper()])  # letter case must not matter
         return self.record("INSERT", "AcDbBlockReference", (2, name), (10, self.point()), (41, x), (42, y), (43, z),
                            (50, self.chance.uniform(-400, 400)), *(array if self.chance.random() < 0.3 else []),
                            (210, self.direction()))
