@@ -17,7 +17,7 @@ library_and_tool = -DVELTRANE_BUILD_TESTS=OFF -DVELTRANE_BUILD_BENCH=OFF
 .DEFAULT_GOAL := help
 
 help:
-	@echo 'make demo       build the tool and convert a drawing into pictures, a DXF file and a shape dump'
+	@echo 'make demo       build the tool and convert a drawing into pictures, a mesh, a DXF file and a shape dump'
 	@echo 'make test       build everything and run all tests     (SAMPLES=folder of real drawings)'
 	@echo 'make sanitize   the same under the address and undefined-behaviour sanitizers'
 	@echo 'make fuzz       feed the reader with damaged drawings  (SECONDS=60 or RUNS=, TARGET=, SAMPLES=)'

@@ -15,7 +15,7 @@ install(FILES
     DESTINATION "${package_dir}")
 
 # Installs one library. Each has an export of its own, so that a program which wants the drawings alone does not
-# need what the pictures are made with.
+# need what pictures and meshes are made with.
 #   REQUIRES          pkg-config modules that stand in its headers
 #   REQUIRES_PRIVATE  pkg-config modules that only its code uses
 function(veltrane_install_library component target)
@@ -44,9 +44,9 @@ veltrane_install_library(dxf veltrane_dxf
     REQUIRES eigen3)
 if(TARGET veltrane_output)
     veltrane_install_library(output veltrane_output
-        DESCRIPTION "Pictures of drawings and shapes"
+        DESCRIPTION "Pictures and meshes of drawings and shapes"
         REQUIRES "veltrane_dxf = ${PROJECT_VERSION}"
-        REQUIRES_PRIVATE cairo)
+        REQUIRES_PRIVATE cairo assimp zlib)
 endif()
 if(TARGET vdxf)
     install(TARGETS vdxf RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")

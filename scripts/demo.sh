@@ -10,7 +10,7 @@ out=$2
 drawing=$(dirname "$0")/../examples/flange.dxf
 
 mkdir -p "$out"
-for result in flange.png flange.svg flange.dxf flange.txt; do
+for result in flange.png flange.svg flange.glb flange.dxf flange.txt; do
     "$vdxf" convert -q "$drawing" "$out/$result"
 done
 
@@ -21,6 +21,7 @@ cat <<END
 The drawing examples/flange.dxf became
   pictures               $out/flange.png
                          $out/flange.svg
+  a mesh                 $out/flange.glb
   a rewritten drawing    $out/flange.dxf
   a dump of its shapes   $out/flange.txt
 END

@@ -6,7 +6,8 @@
 # Without an argument: build. Runs apt-get (through sudo when not root) only when something is missing.
 set -eu
 
-build="g++ cmake ninja-build pkg-config libeigen3-dev libcairo2-dev libcli11-dev libfmt-dev nlohmann-json3-dev"
+build="g++ cmake ninja-build pkg-config libeigen3-dev libcairo2-dev libassimp-dev zlib1g-dev \
+    libcli11-dev libfmt-dev nlohmann-json3-dev"
 test="python3 libgtest-dev"
 bench="python3 libbenchmark-dev"
 fuzz="clang"

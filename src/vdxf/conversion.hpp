@@ -2,6 +2,7 @@
 #pragma once
 
 #include "vdxf/drawing.hpp"
+#include "veltrane/output/mesh_file.hpp"
 #include "veltrane/output/picture.hpp"
 
 #include <nlohmann/json.hpp>
@@ -23,6 +24,8 @@ struct ConversionAccount {
 ConversionAccount rewrite(Drawing& drawing, const std::string& file, bool with_account);
 ConversionAccount draw(Drawing& drawing, const PictureOptions& options, const std::string& file,
                        const Console& console);
+ConversionAccount convert_to_mesh(Drawing& drawing, MeshFileOptions options, const std::string& file,
+                                  const Console& console);
 ConversionAccount dump_shapes(Drawing& drawing, const std::string& file, const Console& console);
 
 }  // namespace veltrane::tool
