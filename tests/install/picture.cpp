@@ -1,5 +1,6 @@
-// Draws a picture of a drawing.
+// Draws a picture of a drawing and writes a mesh of it.
 #include <veltrane/control/reader.hpp>
+#include <veltrane/output/mesh_file.hpp>
 #include <veltrane/output/picture.hpp>
 #include <veltrane/section/model.hpp>
 
@@ -9,5 +10,6 @@ int main(int, char** words) {
     reader.TransferRoots();
     const auto drawing = veltrane::as<veltrane::DxfSection_Model>(reader.Model());
     const veltrane::Scene scene = veltrane::make_scene(*drawing, *reader.Process());
-    return veltrane::write_picture(scene, {}, words[2]).is_done() ? 0 : 1;
+    if (!veltrane::write_picture(scene, {}, words[2]).is_done()) return 1;
+    return veltrane::write_mesh(scene, {}, words[3]).is_done() ? 0 : 1;
 }
