@@ -22,7 +22,8 @@ namespace {
 
 constexpr const char* kVersionParameter = "write.dxf.version";
 constexpr const char* kMarkersParameter = "write.dxf.r12.markers";
-constexpr double kLeastAngle = 0.1, kGreatestAngle = 57;  // degrees
+constexpr const char* kHatchesParameter = "read.dxf.hatchentities";  // pictures show hatches of all kinds
+constexpr double kLeastAngle = 0.1, kGreatestAngle = 57;             // degrees
 
 /// What is written, by the ending of its name.
 struct Target {
@@ -215,6 +216,7 @@ ConversionAccount convert(const ConvertOptions& options, const Target& target, D
         case Target::Mesh:
             return convert_to_mesh(drawing, mesh_options(options, target), options.output, console);
         default:
+            if (!options.common.sets(kHatchesParameter)) StaticParameters::SetText(kHatchesParameter, "On");
             return draw(drawing, picture_options(options, target), options.output, console);
     }
 }
@@ -317,7 +319,8 @@ Command declare_convert(CLI::App& application) {
     add_options(*parser, *options);
     add_common_options(*parser, options->common);
     parser->footer(
-        "SVG and PDF are of true size. Meshes are in millimetres; glTF (.gltf, .glb) is in metres with the "
+        "SVG and PDF are of true size; all hatches are drawn, those with a pattern by its lines.\n"
+        "Meshes are in millimetres; glTF (.gltf, .glb) is in metres with the "
         "Y\n"
         "axis up. Lines and points are kept in OBJ and glTF only, colours not in STL; OBJ has its colours in "
         "a\n"
