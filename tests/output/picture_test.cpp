@@ -1,7 +1,14 @@
 #include "veltrane/output/picture.hpp"
 
 #include "drawing.hpp"
+#include "veltrane/ent/hatch.hpp"
+#include "veltrane/kernel/algo/planar_face.hpp"
+#include "veltrane/kernel/algo/prism.hpp"
 #include "veltrane/kernel/geom/bspline_curve.hpp"
+#include "veltrane/kernel/geom/plane.hpp"
+#include "veltrane/kernel/topo/definition.hpp"
+#include "veltrane/output/face_survey.hpp"
+#include "veltrane/output/raster_image.hpp"
 
 #include <gtest/gtest.h>
 
@@ -44,9 +51,11 @@ std::string drawn(const Scene& scene, const PictureOptions& options = {}) {
 /// A PNG as an image to be asked about.
 class Image {
 public:
-    explicit Image(const Scene& scene, int pixels = 200, Ground ground = Ground::White) {
+    explicit Image(const Scene& scene, int pixels = 200, Ground ground = Ground::White,
+                   const View& view = View()) {
         PictureOptions options;
         options.format = PictureFormat::Png;
+        options.view = view;
         options.pixels = pixels;
         options.ground = ground;
         const std::string file = temporary("image.png");
@@ -236,6 +245,173 @@ TEST(Picture, JoinsTheEdgesOfAWire) {
     const kernel::Shape wire = kernel::make_wire(edges);
     EXPECT_NE(drawn(scene_of({wire})).find("\"M5 55L105 55L105 5L5 55\""), std::string::npos);
     EXPECT_NE(drawn(scene_of({wire.reversed()})).find("\"M5 55L105 5L105 55L5 55\""), std::string::npos);
+}
+
+kernel::Shape polygon(const std::vector<Point>& corners) {
+    std::vector<kernel::Shape> edges;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        edges.push_back(segment(corners[i], corners[(i + 1) % corners.size()]));
+    }
+    return kernel::make_wire(edges);
+}
+
+kernel::Shape rectangle(const Point& a, const Point& b) {
+    return polygon(
+        {{a.x(), a.y(), a.z()}, {b.x(), a.y(), a.z()}, {b.x(), b.y(), b.z()}, {a.x(), b.y(), b.z()}});
+}
+
+/// A face between heights that differ along y.
+kernel::Shape rectangular_face(const Point& a, const Point& b) {
+    return kernel::make_planar_face(rectangle(a, b)).face;
+}
+
+SceneItem coloured(kernel::Shape shape, std::int16_t colour, bool is_hatch = false) {
+    SceneItem item{std::move(shape), {}, nullptr};
+    item.style.colour = colour;
+    item.style.lineweight = 5;  // some pixels
+    if (!is_hatch) return item;
+    auto hatch = make<DxfEnt_Hatch>();
+    hatch->SolidFillFlag = 1;
+    item.record = hatch;
+    return item;
+}
+
+TEST(Picture, FillsFacesInTheOrderOfTheDrawing) {
+    const std::vector<kernel::Shape> hole = {kernel::make_wire(std::vector{whole_circle({50, 50, 0}, 10)})};
+    const kernel::Shape outer = rectangle({0, 0, 0}, {100, 100, 0});
+    Scene scene;
+    scene.items = {coloured(segment({5, 50, 0}, {30, 50, 0}), 3),
+                   coloured(kernel::make_planar_face(outer, hole).face, 1, true),
+                   coloured(segment({70, 50, 0}, {100, 50, 0}), 5)};
+    const std::string svg = drawn(scene);
+    std::size_t at = 0;
+    for (const char* part : {"stroke=\"#00ff00\"", "M10 55L35 55", "fill=\"#ff0000\" fill-rule=\"evenodd\"",
+                             "M5 105L105 105L105 5L5 5L5 105ZM65 55C", "Z\"/>", "stroke=\"#0000ff\""}) {
+        const std::size_t next = svg.find(part, at);
+        ASSERT_NE(next, std::string::npos) << part << " in\n" << svg;
+        at = next;
+    }
+    for (const StandardView view : {StandardView::Top, StandardView::Bottom, StandardView::Isometric}) {
+        const Image image(scene, 220, Ground::White, View(view));
+        const auto has = [&](const Rgb& colour) {
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    if (image.at(x, y) == colour) return true;
+                }
+            }
+            return false;
+        };
+        EXPECT_EQ(image.at(image.width() / 2, image.height() / 2), colour_of(Ground::White));
+        EXPECT_TRUE(has({255, 0, 0}));
+        EXPECT_TRUE(has({0, 0, 255}));
+        EXPECT_FALSE(has({0, 255, 0}));  // drawn first, and covered
+    }
+}
+
+TEST(Picture, FacesHideWhatLiesBehindThem) {
+    // A red line over a face that rises along y, by levels and with depth; without depth the line has to be
+    // cut where it passes through.
+    struct Row {
+        const char* what;
+        double rise;       // of the face, over its 100 mm
+        double from, to;   // heights of the line's ends above the face
+        bool left, right;  // is the line seen there?
+    };
+    const Row rows[] = {{"behind", 0, -20, -20, false, false},
+                        {"in front", 0, 20, 20, true, true},
+                        {"on it", 0, 0, 0, true, true},
+                        {"through it", 0, -20, 20, false, true},
+                        {"behind, aslant", 60, -20, -20, false, false},
+                        {"in front, aslant", 60, 20, 20, true, true},
+                        {"on it, aslant", 60, 0, 0, true, true},
+                        {"through it, aslant", 60, -20, 20, false, true}};
+    for (const Row& row : rows) {
+        for (const bool is_line_first : {false, true}) {
+            const double middle = row.rise / 2;
+            Scene scene;
+            scene.items = {coloured(rectangular_face({0, 0, 0}, {100, 100, row.rise}), 5),
+                           coloured(segment({20, 50, middle + row.from}, {80, 50, middle + row.to}), 1)};
+            // In one plane the drawing's order counts.
+            const bool is_on = row.from == 0 && row.to == 0;
+            if (is_line_first && !is_on) std::swap(scene.items[0], scene.items[1]);
+            const Image image(scene, 220);
+            EXPECT_EQ(image.at(70, 110) == (Rgb{255, 0, 0}), row.left) << row.what;
+            EXPECT_EQ(image.at(150, 110) == (Rgb{255, 0, 0}), row.right) << row.what;
+            EXPECT_NE(image.at(60, 60), colour_of(Ground::White)) << row.what;
+        }
+    }
+    // Upright faces are lines in the plan, and in pictures of lines nothing is hidden.
+    const auto walls = kernel::prism(rectangle({0, 0, 0}, {100, 100, 0}), {0, 0, 10});
+    const Scene plan = scene_of({walls, segment({20, 50, -9}, {80, 50, -9})});
+    EXPECT_EQ(drawn(plan).find("fill=\"#"), drawn(plan).rfind("fill=\"#"));
+}
+
+TEST(Picture, BodiesAreShadedInAnImageUnderTheirEdges) {
+    const auto base = rectangular_face({0, 0, 0}, {50, 50, 0});
+    const Scene scene = scene_of({kernel::prism(base, {0, 0, 50})});
+    PictureOptions options;
+    options.view = View(StandardView::Isometric);
+    const std::string svg = drawn(scene, options);
+    const std::size_t image = svg.find("xlink:href=\"data:image/png;base64,iVBORw0KGgo");
+    EXPECT_LT(image, svg.find("<path"));
+    std::size_t edges = 0;
+    for (const char c : svg.substr(svg.find("<g "))) edges += c == 'L';
+    EXPECT_EQ(edges, 9u);  // the three at the far corner are hidden
+
+    const Image picture(scene, 300, Ground::White, options.view);
+    const int middle = picture.width() / 2, third = picture.width() / 3;
+    const Rgb top = picture.at(middle, picture.height() / 4);
+    const Rgb left = picture.at(third, picture.height() * 2 / 3);
+    const Rgb right = picture.at(picture.width() - third, picture.height() * 2 / 3);
+    EXPECT_GT(top.red, left.red + 10);
+    EXPECT_GT(left.red, right.red + 10);
+}
+
+TEST(Picture, BoundsWhatCannotBeFilled) {
+    const auto whole_plane = kernel::Shape(
+        make<kernel::FaceDefinition>(make<kernel::Plane>(kernel::Frame()), std::vector<kernel::Loop>()));
+    const auto face = rectangular_face({0, 0, 0}, {10, 10, 0}),
+               slope = rectangular_face({0, 0, 0}, {10, 10, 5});
+    struct Row {
+        const char* what;
+        Scene scene;
+        const char* note;
+    };
+    const char* const unfilled = "1 face could not be filled and is shown by its edges.";
+    const Row rows[] = {{"whole plane", scene_of({face, whole_plane}), unfilled},
+                        {"whole plane beside a body", scene_of({slope, whole_plane}), unfilled}};
+    for (const Row& row : rows) {
+        const std::string file = temporary("bounded.svg");
+        const PictureReport report = write_picture(row.scene, {}, file);
+        EXPECT_TRUE(report.is_done()) << row.what << report.problem;
+        ASSERT_EQ(report.notes.size(), 1u) << row.what;
+        EXPECT_NE(report.notes[0].find(row.note), std::string::npos) << row.what << ": " << report.notes[0];
+        std::filesystem::remove(file);
+    }
+    kernel::Shape doubled = face;
+    for (int i = 0; i < 60; ++i) doubled = kernel::make_compound({doubled, doubled});
+    FaceWalk walk(1000);
+    int faces = 0;
+    const auto visitor = [&](const kernel::Shape&) { ++faces; };
+    EXPECT_TRUE(walk.visit(kernel::make_compound({face, slope}), visitor));
+    EXPECT_FALSE(walk.visit(doubled, visitor));
+    EXPECT_EQ(faces, 2);
+}
+
+TEST(RasterImage, BecomesTextThatIsAPng) {
+    const std::string digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    for (int width = 1; width < 5; ++width) {
+        const std::string text = base64_png({width, 1, std::vector<std::uint32_t>(width, 0xff102030u)});
+        EXPECT_EQ(text.size() % 4, 0u);
+        std::string bytes;
+        std::uint32_t bits = 0;
+        for (std::size_t i = 0; i < text.size() && text[i] != '='; ++i) {
+            bits = bits << 6 | static_cast<std::uint32_t>(digits.find(text[i]));
+            if (i % 4 > 0) bytes += static_cast<char>(bits >> (6 - 2 * (i % 4)));
+        }
+        EXPECT_EQ(bytes.substr(1, 3), "PNG");
+        EXPECT_EQ(bytes.substr(bytes.size() - 8), "IEND\xae\x42\x60\x82");
+    }
 }
 
 TEST(Picture, PdfHasTheSizeOfTheModel) {

@@ -128,7 +128,7 @@ TEST(PictureArea, FitsWhatIsBounded) {
          {125, 45}},
     };
     for (const Row& row : rows) {
-        const Rect area = picture_area(scene_of(row.shapes), View(row.view));
+        const Rect area = picture_bounds(scene_of(row.shapes), View(row.view)).area;
         EXPECT_NEAR(area.min().x(), row.min.x(), 1e-9) << row.what;
         EXPECT_NEAR(area.max().x(), row.max.x(), 1e-9) << row.what;
         if (std::string(row.what) == "box of edges") continue;  // its width tells enough
@@ -139,7 +139,7 @@ TEST(PictureArea, FitsWhatIsBounded) {
 
 TEST(PictureArea, IsNeverAPoint) {
     for (const double at : {0.0, 1e-300, 5e6, 1e12, 1e30, 1e98}) {
-        const auto area = picture_area(samples::scene_of({kernel::make_vertex({at, -at, 0})}), View());
+        const auto area = picture_bounds(samples::scene_of({kernel::make_vertex({at, -at, 0})}), View()).area;
         EXPECT_GT(area.long_side(), 0) << at;
         const Page page = lay_out(area, PictureFormat::Png, 100);
         EXPECT_TRUE(std::isfinite(page.scale)) << at;

@@ -1,25 +1,18 @@
+#include "veltrane/output/cairo_surface.hpp"
 #include "veltrane/output/canvas.hpp"
 
 #include <cairo-pdf.h>
-#include <cairo.h>
 
 namespace veltrane {
 namespace {
 
 struct Destroy {
-    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
     void operator()(cairo_t* context) const { cairo_destroy(context); }
 };
 
-cairo_status_t write_bytes(void* stream, const unsigned char* bytes, unsigned int count) {
-    auto& out = *static_cast<std::ostream*>(stream);
-    out.write(reinterpret_cast<const char*>(bytes), count);
-    return out.good() ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR;
-}
-
 cairo_surface_t* make_surface(std::ostream& out, const Page& page, PictureFormat format) {
     if (format == PictureFormat::Pdf) {
-        return cairo_pdf_surface_create_for_stream(&write_bytes, &out, page.width, page.height);
+        return cairo_pdf_surface_create_for_stream(&write_to_stream, &out, page.width, page.height);
     }
     return cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(page.width),
                                       static_cast<int>(page.height));
@@ -32,17 +25,21 @@ public:
     CairoCanvas(std::ostream& out, const Page& page, Rgb ground, PictureFormat format)
         : out_(out),
           format_(format),
+          width_(page.width),
+          height_(page.height),
           surface_(make_surface(out, page, format)),
           context_(cairo_create(surface_.get())) {
         set_source(ground);
         cairo_paint(context_.get());
         cairo_set_line_cap(context_.get(), CAIRO_LINE_CAP_ROUND);
         cairo_set_line_join(context_.get(), CAIRO_LINE_JOIN_ROUND);
+        cairo_set_fill_rule(context_.get(), CAIRO_FILL_RULE_EVEN_ODD);
     }
 
     void begin_item(const Pen& pen) override {
-        if (pen.colour == pen_.colour && pen.width == pen_.width && pieces_ < kMostPieces) return;
-        stroke();
+        const bool is_same = pen.colour == pen_.colour && pen.width == pen_.width;
+        if (is_same && !pen.fills && !pen_.fills && pieces_ < kMostPieces) return;
+        paint();
         pen_ = pen;
         set_source(pen.colour);
         cairo_set_line_width(context_.get(), pen.width);
@@ -58,10 +55,23 @@ public:
         count_piece(p);
     }
 
+    void close() override { cairo_close_path(context_.get()); }
+
+    void image(const RasterImage& image) override {
+        paint();
+        const CairoSurface pixels = image_surface(image);
+        cairo_save(context_.get());
+        cairo_scale(context_.get(), width_ / image.width, height_ / image.height);
+        cairo_set_source_surface(context_.get(), pixels.get(), 0, 0);
+        cairo_paint(context_.get());
+        cairo_restore(context_.get());
+        set_source(pen_.colour);
+    }
+
     std::string finish() override {
-        stroke();
+        paint();
         if (format_ == PictureFormat::Png && status() == CAIRO_STATUS_SUCCESS) {
-            const auto written = cairo_surface_write_to_png_stream(surface_.get(), &write_bytes, &out_);
+            const auto written = cairo_surface_write_to_png_stream(surface_.get(), &write_to_stream, &out_);
             if (written != CAIRO_STATUS_SUCCESS) return cairo_status_to_string(written);
         }
         const cairo_status_t drawn = status();
@@ -81,13 +91,18 @@ private:
 
     /// A path of one item that is too long goes on from where it was cut.
     void count_piece(const kernel::Point2& end) {
-        if (++pieces_ < kLongestPath) return;
-        stroke();
+        if (++pieces_ < kLongestPath || pen_.fills) return;
+        paint();
         move_to(end);
     }
 
-    void stroke() {
-        if (pieces_ > 0) cairo_stroke(context_.get());
+    /// Draws the path gathered so far.
+    void paint() {
+        if (pieces_ > 0) {
+            if (pen_.fills) cairo_fill_preserve(context_.get());
+            if (pen_.width > 0) cairo_stroke_preserve(context_.get());
+            cairo_new_path(context_.get());
+        }
         pieces_ = 0;
     }
 
@@ -95,7 +110,8 @@ private:
 
     std::ostream& out_;
     PictureFormat format_;
-    std::unique_ptr<cairo_surface_t, Destroy> surface_;
+    double width_, height_;
+    CairoSurface surface_;
     std::unique_ptr<cairo_t, Destroy> context_;
     Pen pen_{{}, -1, {}};
     int pieces_ = 0;

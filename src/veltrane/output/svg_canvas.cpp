@@ -35,9 +35,13 @@ public:
         end_group();
         text_ += "<g";
         if (!pen.layer.empty()) text_ += " data-layer=\"" + xml_name(pen.layer) + '"';
-        text_ += " stroke=\"" + hex_text(pen.colour) + "\" stroke-width=\"";
-        number(pen.width);
-        text_ += "\">\n";
+        if (pen.fills) text_ += " fill=\"" + hex_text(pen.colour) + "\" fill-rule=\"evenodd\"";
+        if (pen.width > 0) {
+            text_ += " stroke=\"" + hex_text(pen.colour) + "\" stroke-width=\"";
+            number(pen.width);
+            text_ += '"';
+        }
+        text_ += ">\n";
         pen_ = pen;
         in_group_ = true;
     }
@@ -59,6 +63,20 @@ public:
         point(b);
         text_ += ' ';
         point(p);
+        make_room();
+    }
+
+    void close() override { text_ += 'Z'; }
+
+    void image(const RasterImage& image) override {
+        end_item();
+        end_group();
+        // Older readers know the reference by its older name only.
+        text_ +=
+            "<image xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"100%\" height=\"100%\" "
+            "preserveAspectRatio=\"none\" xlink:href=\"data:image/png;base64,";
+        text_ += base64_png(image);
+        text_ += "\"/>\n";
         make_room();
     }
 

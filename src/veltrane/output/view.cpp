@@ -1,6 +1,10 @@
 #include "veltrane/output/view.hpp"
 
+#include "veltrane/kernel/algo/bounds.hpp"
+#include "veltrane/kernel/geom/bspline_surface.hpp"
 #include "veltrane/kernel/geom/curve_measure.hpp"
+#include "veltrane/kernel/topo/definition.hpp"
+#include "veltrane/output/face_survey.hpp"
 #include "veltrane/output/limits.hpp"
 #include "veltrane/output/outline.hpp"
 
@@ -43,15 +47,24 @@ kernel::Vector direction_of(StandardView view) {
     return {0, 0, 1};
 }
 
-/// Gathers the rectangles around what is bounded and around the base points of what is not.
-class AreaSink : public OutlineSink {
-public:
-    explicit AreaSink(const View& view) : view_(view) {}
+/// Every point lies on a straight line that leads from edge to edge.
+bool is_ruled(const kernel::BSplineSurface& surface) {
+    const auto is_straight = [](const kernel::BSplineAxis& axis) {
+        return axis.degree == 1 && axis.knots.size() == 2;
+    };
+    return is_straight(surface.axis_u()) || is_straight(surface.axis_v());
+}
 
-    void point(const kernel::Point& point) override { bounded_.add(view_.project(point)); }
+/// Gathers the box around what is bounded, as it is seen, and the rectangle around the base points of what is
+/// not.
+class BoundsSink : public OutlineSink {
+public:
+    explicit BoundsSink(const View& view) : view_(view) {}
+
+    void point(const kernel::Point& point) override { add(point); }
     void segment(const kernel::Point& from, const kernel::Point& to) override {
-        bounded_.add(view_.project(from));
-        bounded_.add(view_.project(to));
+        add(from);
+        add(to);
     }
     void unbounded_line(const kernel::Line& line, const kernel::Interval&) override {
         bases_.add(view_.project(line.origin()));
@@ -59,13 +72,25 @@ public:
     void curve(const kernel::Curve& curve, const kernel::Interval& range, bool) override {
         bounded_.add(view_.box_of(curve, range));
     }
+    /// Faces do not reach beyond their edges, unless they bulge.
+    void face(const kernel::Shape& face) {
+        const auto* surface = as<const kernel::BSplineSurface>(kernel::face_definition(face).surface().get());
+        if (!surface || is_ruled(*surface)) return;
+        const kernel::Box box = view_.box_of(face);
+        if (box.is_finite()) bounded_.add(box);
+    }
 
-    const Rect& bounded() const { return bounded_; }
+    const kernel::Box& bounded() const { return bounded_; }
     const Rect& bases() const { return bases_; }
 
 private:
+    void add(const kernel::Point& p) {
+        const kernel::Point2 at = view_.project(p);
+        bounded_.add(kernel::Point(at.x(), at.y(), view_.depth(p)));
+    }
+
     const View& view_;
-    Rect bounded_;
+    kernel::Box bounded_;
     Rect bases_;
 };
 
@@ -91,27 +116,40 @@ View::View(StandardView view) : View(direction_of(view)) {}
 View::View(const kernel::Vector& direction)
     : frame_(kernel::Frame::from_normal(kernel::Point(0, 0, 0), direction)) {}
 
-Rect View::box_of(const kernel::Curve& curve, const kernel::Interval& range) const {
+kernel::Box View::box_of(const kernel::Curve& curve, const kernel::Interval& range) const {
     const bool is_plan = frame_.x.x() == 1 && frame_.y.y() == 1;
-    const auto turn = kernel::Transform::from_frame(frame_).inverse();
-    const kernel::Box box =
-        is_plan ? kernel::bounding_box(curve, range) : kernel::bounding_box(*curve.transformed(turn), range);
-    return box.is_empty() ? Rect() : Rect(box.min().head<2>(), box.max().head<2>());
+    if (is_plan) return kernel::bounding_box(curve, range);
+    return kernel::bounding_box(*curve.transformed(kernel::Transform::from_frame(frame_).inverse()), range);
 }
 
-Rect picture_area(const Scene& scene, const View& view) {
-    AreaSink sink(view);
+kernel::Box View::box_of(const kernel::Shape& face) const {
+    return kernel::bounding_box(kernel::moved(face, kernel::Transform::from_frame(frame_).inverse()));
+}
+
+PictureBounds picture_bounds(const Scene& scene, const View& view) {
+    BoundsSink sink(view);
     OutlineCount count;
+    FaceWalk faces(kMostParts);
     visit_leaves(scene.items, kMostParts, [&](const kernel::Shape& shape, const SceneItem&) {
         outline(shape, kMostParts, sink, count);
+        faces.visit(shape, [&](const kernel::Shape& face) { sink.face(face); });
         return count.is_complete;
     });
 
-    const bool has_bounded = !sink.bounded().is_empty();
-    Rect area = has_bounded ? sink.bounded() : sink.bases();
-    if (area.is_empty()) area.add(kernel::Point2(0, 0));
-    if (!(area.long_side() > kSmallestSize)) return area.enlarged(half_around(area.centre()));
-    return has_bounded ? area : area.enlarged(area.long_side() / 4);
+    PictureBounds bounds;
+    const kernel::Box& box = sink.bounded();
+    if (!box.is_empty()) {
+        bounds.area = Rect(box.min().head<2>(), box.max().head<2>());
+        bounds.depths = {box.min().z(), box.max().z()};
+    } else if (!sink.bases().is_empty()) {
+        const Rect& bases = sink.bases();
+        bounds.area = bases.enlarged(bases.long_side() / 4);
+    } else {
+        bounds.area.add(kernel::Point2(0, 0));
+    }
+    Rect& area = bounds.area;
+    if (!(area.long_side() > kSmallestSize)) area = area.enlarged(half_around(area.centre()));
+    return bounds;
 }
 
 }  // namespace veltrane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "veltrane/kernel/geom/curve.hpp"
+#include "veltrane/kernel/math/box.hpp"
 #include "veltrane/kernel/math/frame.hpp"
 #include "veltrane/output/rect.hpp"
 #include "veltrane/output/scene.hpp"
@@ -34,16 +35,25 @@ public:
 
     kernel::Point2 project(const kernel::Point& p) const { return vector(p); }
     kernel::Vector2 vector(const kernel::Vector& v) const { return {frame_.x.dot(v), frame_.y.dot(v)}; }
-    /// The rectangle around a bounded piece of a curve as it is seen. Tight.
-    Rect box_of(const kernel::Curve& curve, const kernel::Interval& range) const;
+    /// How far towards the eye a point lies.
+    double depth(const kernel::Point& p) const { return frame_.z.dot(p); }
+    /// The tight boxes around a bounded piece of a curve, and around a face, as they are seen: x and y of the
+    /// picture, and the depth. A face without bounds has an open box.
+    kernel::Box box_of(const kernel::Curve& curve, const kernel::Interval& range) const;
+    kernel::Box box_of(const kernel::Shape& face) const;
 
 private:
     kernel::Frame frame_;
 };
 
+struct PictureBounds {
+    Rect area;                ///< of the picture plane
+    kernel::Interval depths;  ///< of everything bounded, as View::depth() has them; 0 to 0 where nothing is
+};
+
 /// The part of the picture plane that a scene fills: the rectangle around everything bounded. Where nothing
 /// is, the base points of the unbounded lines count, with something around them. A point alone gets a square
 /// of 10 mm, and so does a scene with nothing in it; the area has never two sides of length 0.
-Rect picture_area(const Scene& scene, const View& view);
+PictureBounds picture_bounds(const Scene& scene, const View& view);
 
 }  // namespace veltrane
