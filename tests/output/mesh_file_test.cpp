@@ -221,14 +221,26 @@ TEST(Obj, HasGroupsLinesAndColoursBeside) {
 TEST(Mesh, OfFacesThatMeetIsJoined) {
     // Faces drawn one by one are open, what they make up is not.
     std::vector<kernel::Shape> faces =
-        kernel::sub_shapes(samples::box({0, 0, 0}, 10), kernel::ShapeKind::Face);
+        kernel::sub_shapes(samples::box({0, 0, 0}, 10).reversed(), kernel::ShapeKind::Face);
     const MeshFile file(".3mf");
     const MeshReport report = file.write(samples::scene_of(faces));
     EXPECT_EQ(report.bodies.size(), 6u);
     EXPECT_FALSE(report.bodies[0].is_watertight);
+    ASSERT_EQ(report.notes.size(), 1u);
+    EXPECT_NE(report.notes[0].find("fit together"), std::string::npos);
+    EXPECT_GT(kernel::volume(samples::ReadMesh(file)), 999) << "though the faces look inwards";
     const std::string model = samples::unzipped(file.content(), "3D/3dmodel.model");
     EXPECT_EQ(count_of(model, "<vertex "), 8u);
     EXPECT_EQ(count_of(model, "type=\"model\""), 1u);
+}
+
+TEST(Mesh, OfAFaceThereAndBackIsOpen) {
+    const kernel::Shape face =
+        kernel::make_planar_face(kernel::make_wire(std::vector{samples::whole_circle({0, 0, 0}, 5)})).face;
+    const MeshReport report =
+        MeshFile(".stl").write(samples::scene_of({kernel::make_compound({face, face.reversed()})}));
+    ASSERT_EQ(report.bodies.size(), 1u);
+    EXPECT_FALSE(report.bodies[0].is_watertight) << "there is nothing inside";
 }
 
 TEST(Mesh, FollowsTheDeflection) {

@@ -6,7 +6,9 @@
 #include "veltrane/output/limits.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <unordered_set>
+#include <utility>
 
 namespace veltrane {
 namespace {
@@ -14,6 +16,8 @@ namespace {
 using kernel::Shape;
 using kernel::ShapeKind;
 using EdgeSet = std::unordered_set<Shape, kernel::SameShapeHash, kernel::SameShape>;
+
+constexpr double kNothingInside = 1e-12;  // volume, where the area is 1
 
 /// Compounds may share their members over and over.
 bool has_too_many_parts(const Shape& shape) {
@@ -59,8 +63,12 @@ void take_faces(kernel::Mesh& mesh, MeshBody& body) {
     for (const kernel::MeshFace& face : mesh.faces) {
         if (!face.message.empty()) ++body.problems[face.message];
     }
-    body.is_watertight = kernel::is_watertight(mesh);
-    if (body.is_watertight && kernel::volume(mesh) < 0) {
+    // Faces that lie on one another there and back have no gaps, but nothing inside.
+    const double volume = kernel::volume(mesh);
+    body.is_watertight =
+        kernel::is_watertight(mesh) && std::abs(volume) > kNothingInside * std::pow(kernel::area(mesh), 1.5);
+    body.is_manifold = body.is_watertight && is_manifold(mesh.triangles);
+    if (body.is_watertight && volume < 0) {
         for (kernel::MeshTriangle& triangle : mesh.triangles) std::swap(triangle[1], triangle[2]);
     }
     body.triangles = std::move(mesh.triangles);
@@ -140,6 +148,17 @@ std::size_t append(const MeshBody& body, const kernel::Transform& motion, const 
         }
     }
     return geometry.cells() - before;
+}
+
+bool is_manifold(const std::vector<kernel::MeshTriangle>& triangles) {
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> sides, back;
+    for (const auto& [a, b, c] : triangles) {
+        sides.insert(sides.end(), {{a, b}, {b, c}, {c, a}});
+        back.insert(back.end(), {{b, a}, {c, b}, {a, c}});
+    }
+    std::sort(sides.begin(), sides.end());
+    std::sort(back.begin(), back.end());
+    return !sides.empty() && sides == back && std::adjacent_find(sides.begin(), sides.end()) == sides.end();
 }
 
 MeshPoint rounded(const kernel::Point& p) {

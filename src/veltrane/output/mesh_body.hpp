@@ -14,8 +14,9 @@ struct MeshBody {
     std::vector<std::array<std::uint32_t, 2>> segments;  ///< of edges of no face
     std::size_t curves = 0;                              ///< that the segments make up
     std::vector<kernel::Point> free_points;              ///< vertices of no edge
-    bool is_watertight = false;
-    std::map<std::string, std::size_t> problems;  ///< why something was not divided, and how often
+    bool is_watertight = false;                          ///< the triangles enclose space without gaps
+    bool is_manifold = false;                            ///< moreover, they touch one another nowhere else
+    std::map<std::string, std::size_t> problems;         ///< why something was not divided, and how often
 
     std::size_t cells() const { return triangles.size() + segments.size() + free_points.size(); }
 };
@@ -33,6 +34,9 @@ MeshBody divided(const kernel::Shape& shape, const MeshFineness& fineness, bool 
 /// tells how many.
 std::size_t append(const MeshBody& body, const kernel::Transform& motion, const kernel::Point& origin,
                    MeshGeometry& geometry);
+
+/// True when each side of a triangle is that of exactly one other, which runs along it the other way.
+bool is_manifold(const std::vector<kernel::MeshTriangle>& triangles);
 
 /// A point as floats; zeros are positive, so that equal points have equal bytes.
 MeshPoint rounded(const kernel::Point& p);

@@ -91,10 +91,15 @@ void note_choices(const MeshScene& mesh, const FormatFacts& facts, const std::st
     if (facts.format == MeshFormat::Obj && !has_place_beside(file)) {
         report.notes.emplace_back("The colours are left out: there is no place for a file beside this one.");
     }
-    if (facts.format != MeshFormat::ThreeMf) return;
-    bool has_open = false;
-    for (const MeshGeometry& geometry : mesh.geometries) has_open = has_open || !geometry.is_closed;
-    if (has_open) {
+    bool has_open_body = false, has_open_mesh = false;
+    for (const MeshedBody& body : report.bodies) has_open_body = has_open_body || !body.is_watertight;
+    for (const MeshGeometry& geometry : mesh.geometries) {
+        has_open_mesh = has_open_mesh || (geometry.kind == MeshKind::Triangles && !geometry.is_closed);
+    }
+    if (has_open_body && !has_open_mesh) {
+        report.notes.emplace_back("The open bodies fit together: what they make up is closed.");
+    }
+    if (has_open_mesh && facts.format == MeshFormat::ThreeMf) {
         report.notes.emplace_back(
             "Open meshes are marked as surfaces, which programs for printing may leave out.");
     }
@@ -102,6 +107,10 @@ void note_choices(const MeshScene& mesh, const FormatFacts& facts, const std::st
 
 void write(const Scene& scene, const MeshFileOptions& options, const std::string& file, MeshReport& report) {
     const FormatFacts& facts = facts_of(options.format);
+    if (!(options.deflection > 0) || !(options.angle > 0)) {
+        report.problem = "cannot write " + file + ": the deflection and the angle have to be positive";
+        return;
+    }
     MeshScene mesh = make_mesh_scene(scene, options, facts.room, report);
     report.problem = emptiness(report, facts);
     if (!report.problem.empty()) {

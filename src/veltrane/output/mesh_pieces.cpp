@@ -37,10 +37,14 @@ void join(MeshGeometry& geometry) {
     }
     geometry.points = std::move(points);
     kernel::Mesh mesh;
-    for (std::size_t i = 0; i < geometry.corners.size(); i += 3) {
-        mesh.triangles.push_back({geometry.corners[i], geometry.corners[i + 1], geometry.corners[i + 2]});
+    for (const MeshPoint& p : geometry.points) mesh.points.emplace_back(p[0], p[1], p[2]);
+    std::vector<std::uint32_t>& corners = geometry.corners;
+    for (std::size_t i = 0; i < corners.size(); i += 3) {
+        mesh.triangles.push_back({corners[i], corners[i + 1], corners[i + 2]});
     }
-    geometry.is_closed = kernel::is_watertight(mesh);
+    geometry.is_closed = is_manifold(mesh.triangles);
+    if (!geometry.is_closed || kernel::volume(mesh) >= 0) return;
+    for (std::size_t i = 0; i < corners.size(); i += 3) std::swap(corners[i + 1], corners[i + 2]);
 }
 
 }  // namespace

@@ -218,7 +218,7 @@ private:
         if (!body.segments.empty()) add(MeshKind::Segments, false);
         if (!body.free_points.empty() && room_.has_points) add(MeshKind::Points, false);
         if (!body.triangles.empty()) {
-            report_.bodies[kept->entry].triangles = add(MeshKind::Triangles, body.is_watertight);
+            report_.bodies[kept->entry].triangles = add(MeshKind::Triangles, body.is_manifold);
         }
         uses_.push_back({kept->entry, now_, body.curves, body.free_points.size()});
     }

@@ -22,7 +22,7 @@ enum class MeshKind : std::uint8_t { Points = 1, Segments = 2, Triangles = 3 };
 /// Millimetres from the origin of the groups that use it.
 struct MeshGeometry {
     MeshKind kind = MeshKind::Triangles;
-    bool is_closed = false;  ///< made of watertight bodies only
+    bool is_closed = false;  ///< each side of a triangle is that of one other
     std::vector<MeshPoint> points;
     std::vector<std::uint32_t> corners;  ///< places in `points`; none for points, which are their own cells
 
