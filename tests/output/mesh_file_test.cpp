@@ -44,10 +44,10 @@ struct Inserts : samples::Drawing {
         bind(line, kernel::make_edge(Point(0, 0, 0), Point(0, 30, 0)));
         block = add_block("Door & \"frame\"", {fixed, lent, line});
     }
-    void insert(const kernel::Transform& motion, int handle) {
+    void insert(const kernel::Transform& motion, int handle, const char* layer = "Walls") {
         const auto record = add_entity<DxfEnt_Insert>();
         record->BlockName = "Door & \"frame\"";
-        record->Layer = "Walls";
+        record->Layer = layer;
         record->Handle = handle;
         bind(record, kernel::moved(block, motion));
     }
@@ -58,7 +58,7 @@ class MeshFormats : public testing::TestWithParam<const char*> {};
 
 TEST_P(MeshFormats, KeepABoxClosed) {
     const MeshFile file(GetParam());
-    Scene scene = samples::scene_of({samples::box({1, 2, 3}, 10)});
+    Scene scene = samples::scene_of({samples::box({1, 2, 3}, 10).reversed()});
     scene.items[0].style.layer = "Walls";
     const MeshReport report = file.write(scene);
     ASSERT_TRUE(report.is_done()) << report.problem;
@@ -101,8 +101,9 @@ TEST_P(MeshFormats, PlaceInserts) {
     EXPECT_EQ(mesh.triangles.size(), 48u);
     EXPECT_TRUE(kernel::is_watertight(mesh));
     const bool is_gltf = std::string(GetParam()).starts_with(".gl");
-    const double width = box_of(mesh).size().x() * (is_gltf ? 1000 : 1);
-    EXPECT_NEAR(width, 130 + 10 * std::sin(0.004), 1e-4);
+    const Vector size = box_of(mesh).size() * (is_gltf ? 1000 : 1);
+    EXPECT_NEAR(size.x(), 130 + 10 * std::sin(0.004), 1e-4);
+    EXPECT_NEAR(is_gltf ? size.y() : size.z(), 10, 1e-4) << "height";
 }
 
 INSTANTIATE_TEST_SUITE_P(All, MeshFormats, testing::ValuesIn(kExtensions),
@@ -113,6 +114,7 @@ TEST(Gltf, HasLayersAndSharesBlocks) {
     Inserts drawing;
     drawing.insert(kernel::Transform::translation({100, 0, 0}), 0x2A);
     drawing.insert(kernel::Transform::translation({0, 50, 7}), 0x2B);
+    drawing.insert(kernel::Transform::identity(), 0x2C, "Doors");
     ASSERT_TRUE(file.write(drawing.scene()).is_done());
     const Json json = Json::parse(file.content());
     const auto node = [&](const Json& parent, int child) {
@@ -129,7 +131,12 @@ TEST(Gltf, HasLayersAndSharesBlocks) {
     EXPECT_EQ(node(first, 1)["name"], "Walls");
     for (int i : {0, 1}) EXPECT_EQ(node(first, i)["mesh"], node(second, i)["mesh"]);
 
-    ASSERT_EQ(json["meshes"].size(), 2u);
+    const Json other = node(node(json["nodes"][0], 1), 0);
+    EXPECT_EQ(node(first, 0)["mesh"], node(other, 0)["mesh"]) << "it looks the same through any insert";
+    EXPECT_NE(node(first, 1)["mesh"], node(other, 1)["mesh"]);
+    EXPECT_EQ(json["meshes"].size(), 3u);
+    EXPECT_EQ(json["accessors"].size(), 6u) << "points and corners of two boxes and a line";
+
     const Json& primitives = json["meshes"][node(first, 1)["mesh"].get<int>()]["primitives"];
     ASSERT_EQ(primitives.size(), 2u);
     EXPECT_EQ(primitives[0]["mode"], 4);
@@ -152,6 +159,44 @@ TEST(Gltf, HasAnOriginWhereCoordinatesAreFar) {
     const Json& points = json["accessors"][primitives[1]["attributes"]["POSITION"].get<int>()];
     EXPECT_FLOAT_EQ(points["min"][0].get<float>(), 0.00025f);
     EXPECT_FLOAT_EQ(points["max"][1].get<float>(), 0.01f);
+}
+
+TEST(Gltf, HasAnOriginForEachBlock) {
+    // Drawings of maps have blocks with co-ordinates of the map, inserted where they are.
+    const Vector far(4.5e9, -4.5e9, 0);
+    samples::Drawing drawing;
+    const auto part = make<DxfSection_Entity>();
+    drawing.bind(part, samples::box(far + Vector(0, 0, 2), 10));
+    const kernel::Shape block = drawing.add_block("Plot", {part});
+    const auto insert = drawing.add_entity<DxfEnt_Insert>();
+    insert->BlockName = "Plot";
+    const MeshFile file(".gltf");
+    struct Row {
+        Vector motion;
+        Json root, place;
+    };
+    const Row rows[] = {{-far + Vector(25, 50, 0), {0, 0, 0}, {0.025, 0, -0.05}},
+                        {{25, 50, 0}, {4'500'000, 0, 4'500'000}, {0.025, 0, -0.05}}};
+    for (const Row& row : rows) {
+        drawing.bind(insert, kernel::moved(block, kernel::Transform::translation(row.motion)));
+        ASSERT_TRUE(file.write(make_scene(*drawing.model, *drawing.process)).is_done());
+        const Json json = Json::parse(file.content());
+        EXPECT_EQ(json["nodes"][0].value("translation", Json({0, 0, 0})), row.root);
+        EXPECT_EQ(json["nodes"][2]["translation"], row.place);
+        EXPECT_FLOAT_EQ(json["accessors"][0]["min"][1].get<float>(), 0.002f);
+    }
+}
+
+TEST(Stl, HasTheNormalsOfFacets) {
+    const MeshFile file(".stl");
+    file.write(samples::scene_of({samples::box({0, 0, 0}, 10)}));
+    const std::string bytes = file.content();
+    ASSERT_EQ(bytes.size(), 84u + 12 * 50);
+    for (std::size_t at = 84; at < bytes.size(); at += 50) {
+        Eigen::Vector3f normal;
+        std::memcpy(normal.data(), bytes.data() + at, sizeof normal);
+        EXPECT_EQ(normal.cwiseAbs().maxCoeff(), 1) << at;
+    }
 }
 
 TEST(Stl, IsMovedWhereCoordinatesAreFar) {
@@ -210,12 +255,20 @@ TEST(Obj, HasGroupsLinesAndColoursBeside) {
     drawing.insert(kernel::Transform::identity(), 0x2A);
     ASSERT_TRUE(file.write(drawing.scene()).is_done());
     const std::string text = file.content();
-    for (const char* line : {"\ng Walls\n", "\ng Fixed\n", "\nusemtl colour_5\n", "\nl  "}) {
+    for (const char* line : {"\ng Walls\n", "\ng Fixed\n", "\nusemtl colour_5\n", "\nl  ", "\nv 10 10 0\n"}) {
         EXPECT_NE(text.find(line), std::string::npos) << line;
     }
     const std::string colours = std::filesystem::path(file.colours()).filename().string();
     EXPECT_NE(text.find("mtllib " + colours + "\n"), std::string::npos);
     EXPECT_NE(samples::content_of(file.colours()).find("newmtl colour_5\nKd 0 0 1\n"), std::string::npos);
+}
+
+TEST(Ply, HasColours) {
+    const MeshFile file(".ply");
+    Scene scene = samples::scene_of({samples::box({0, 0, 0}, 10)});
+    scene.items[0].style.colour = 1;
+    file.write(scene);
+    EXPECT_NE(file.content().find("\n10 10 0 255 0 0 255\n"), std::string::npos) << file.content();
 }
 
 TEST(Mesh, OfFacesThatMeetIsJoined) {
@@ -321,7 +374,15 @@ TEST(Mesh, RefusesWhatCannotBeWritten) {
     }
     const MeshReport nowhere = write_mesh(line, {MeshFormat::Obj}, "/nowhere/a.obj");
     EXPECT_NE(nowhere.problem.find("cannot write"), std::string::npos);
-    EXPECT_EQ(MeshFile(".glb").write(nested_arrays(2, 100)).triangles, 120'000u);
+}
+
+TEST(Mesh, PlacesNestedInserts) {
+    for (const char* extension : {".ply", ".3mf"}) {
+        const MeshFile file(extension);
+        EXPECT_EQ(file.write(nested_arrays(2, 5)).triangles, 300u);
+        EXPECT_EQ(box_of(samples::ReadMesh(file)).min(), Point(0, 9, 0));
+        EXPECT_EQ(box_of(samples::ReadMesh(file)).max(), Point(17, 10, 1));
+    }
 }
 
 }  // namespace
