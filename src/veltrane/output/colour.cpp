@@ -51,11 +51,12 @@ Rgb colour_of(Ground ground) {
 }
 
 Rgb palette_colour(int number, Ground ground) {
-    if (number == 7 || number < 1 || number > 255) {
-        return colour_of(ground == Ground::White ? Ground::Black : Ground::White);
-    }
-    if (number < 10) return kNamed[static_cast<std::size_t>(number) - 1];
-    return number < 250 ? wheel_colour(number) : grey(number);
+    const Rgb contrast = colour_of(ground == Ground::White ? Ground::Black : Ground::White);
+    if (number == 7 || number < 1 || number > 255) return contrast;
+    const Rgb colour = number < 10    ? kNamed[static_cast<std::size_t>(number) - 1]
+                       : number < 250 ? wheel_colour(number)
+                                      : grey(number);
+    return colour == colour_of(ground) ? contrast : colour;
 }
 
 std::string hex_text(Rgb colour) {

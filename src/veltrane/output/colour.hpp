@@ -18,7 +18,7 @@ enum class Ground { White, Black };
 Rgb colour_of(Ground ground);
 
 /// The colour of a colour number from 1 to 255; any other number gives that of 7, which is black on a white
-/// ground and white on a black one.
+/// ground and white on a black one. So does a colour that is the ground's own: nobody would see it.
 Rgb palette_colour(int number, Ground ground);
 
 /// "#rrggbb".
