@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <numeric>
+#include <utility>
 
 namespace veltrane::tool {
 
@@ -14,18 +15,23 @@ char lower(char c) {
     return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
 }
 
-/// Characters to insert, delete or replace to make one word of the other; case does not count.
+/// Characters to insert, delete, replace or exchange with their neighbour to make one word of the other; case
+/// does not count.
 std::size_t edit_distance(std::string_view from, std::string_view to) {
-    std::vector<std::size_t> row(to.size() + 1);
+    const auto equal = [](char a, char b) { return lower(a) == lower(b); };
+    std::vector<std::size_t> last(to.size() + 1), row(to.size() + 1), next(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 1; i <= from.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i;
+        next[0] = i;
         for (std::size_t j = 1; j <= to.size(); ++j) {
-            const std::size_t replaced = diagonal + (lower(from[i - 1]) == lower(to[j - 1]) ? 0 : 1);
-            diagonal = row[j];
-            row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
+            const std::size_t replaced = row[j - 1] + (equal(from[i - 1], to[j - 1]) ? 0 : 1);
+            next[j] = std::min({row[j] + 1, next[j - 1] + 1, replaced});
+            if (i > 1 && j > 1 && equal(from[i - 1], to[j - 2]) && equal(from[i - 2], to[j - 1])) {
+                next[j] = std::min(next[j], last[j - 2] + 1);
+            }
         }
+        std::swap(last, row);
+        std::swap(row, next);
     }
     return row[to.size()];
 }

@@ -60,6 +60,7 @@ const UsageCase kCases[] = {
     {"NoCommand", {}, 2, "", "The commands are info, measure, dump, convert, diff and params"},
     {"UnknownCommand", {"convrt", "IN", "x"}, 2, "", "Did you mean convert?"},
     {"OptionBeforeCommand", {"--json", "info", "IN"}, 2, "", "Options stand after the command"},
+    {"ExchangedLetters", {"convert", "IN", "OUT/x.gtlf"}, 2, "", "Did you mean gltf?"},
     {"UnknownOption", {"info", "IN", "--jsno"}, 2, "", "Did you mean --json?"},
     {"UnknownOptionAlone", {"info", "--jsno"}, 2, "", "Did you mean --json?"},
     {"MissingFile", {"info"}, 2, "", "FILE is required"},
