@@ -17,8 +17,8 @@ double area(const Shape& shape);
 
 /// The volume within the solids of a shape and within those of its shells that are closed, by the divergence
 /// theorem over their faces; negative where the faces look inwards. Open shells and loose faces enclose
-/// nothing; the orientation of compounds plays no part. Errors are those of area(), relative to area x size. Throws KernelError for a closed shell or a
-/// solid with an unbounded face.
+/// nothing; the orientation of compounds plays no part. Errors are those of area(), relative to area x size.
+/// Throws KernelError for a closed shell or a solid with an unbounded face.
 double volume(const Shape& shape);
 
 /// The centre of mass of the richest parts of a shape, each use counted: of solids by their volume, else of

@@ -57,11 +57,10 @@ struct Mesh {
 /// The mesh of all faces and edges of a shape. Each edge is divided once and its points are shared by its
 /// faces, so that the mesh of a closed shell is closed. Planar faces have no points but those of their edges;
 /// curved ones get points inside where the deflection asks for them. Loops may touch and hold points on a
-/// line, at the price of triangles without area.
+/// line, at the price of triangles without area. Loops that cross are divided there.
 ///
-/// Loops that cross
-/// are divided there. A face or edge that cannot be divided (unbounded; loops that do not close or cross very
-/// often) has a message instead. The time is that of all uses of faces, times a logarithm of their points.
+/// A face or edge that cannot be divided (unbounded; loops that do not close or cross very often) has a
+/// message instead. The time is that of all uses of faces, times a logarithm of their points.
 /// Throws KernelError when an option is not positive and when the mesh would exceed max_points.
 Mesh mesh(const Shape& shape, const MeshOptions& options = {});
 
